@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QImage>
+#include <QSizeF>
+#include <optional>
+
+/// Pure image operations: the input is never changed.
+namespace ImageHelpers {
+
+/// The primary screen's device pixel ratio, 1.0 without a screen.
+qreal screenScale();
+
+/// An upright, non-opaque copy of \a image at the screen's scale with the same size in points; empty for a
+/// null image or when the copy cannot be allocated.
+std::optional<QImage> redrawnAtScreenScale(const QImage& image);
+
+/// \a image stretched to \a size points at the screen's scale (the aspect ratio is not kept); empty when
+/// the size is not a positive finite size or the result cannot be allocated.
+std::optional<QImage> resized(const QImage& image, QSizeF size);
+
+} // namespace ImageHelpers

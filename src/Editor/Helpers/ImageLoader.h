@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QByteArrayView>
+#include <QImage>
+#include <QString>
+#include <optional>
+
+struct ImageLoadResult {
+    std::optional<QImage> image;
+    /// One sentence saying why there is no image; empty on success.
+    QString failure;
+};
+
+/// Decodes the image file at \a path upright (EXIF orientation applied). Files that are missing, not
+/// images, truncated, corrupt or that declare more than \a maxPixels pixels yield no image and a reason;
+/// nothing larger than the limit is allocated.
+ImageLoadResult loadImageFile(const QString& path, qint64 maxPixels);
+
+/// Whether a JPEG stream runs from its start marker through every segment and scan to its end marker.
+/// Decoders fill a cut-off scan with grey and succeed; this tells a truncated file from a whole one.
+bool jpegStreamIsComplete(QByteArrayView data);

@@ -1,0 +1,96 @@
+#include "ImageSaverImp.h"
+
+#include "Error/QuorvaneSdkImageError.h"
+#include "Logger/ImageLogger.h"
+#include "PngEncoder.h"
+
+#include <QBuffer>
+#include <QDir>
+#include <QImageWriter>
+#include <QSaveFile>
+#include <QStandardPaths>
+#include <QUuid>
+#include <algorithm>
+
+namespace {
+
+const QString kTag = QStringLiteral("ImageSaverImp");
+
+QString fileExtension(const QuorvaneSdkImageOutputFormat& format)
+{
+    return format.kind() == QuorvaneSdkImageOutputFormat::Kind::png ? QStringLiteral("png")
+                                                                     : QStringLiteral("jpg");
+}
+
+std::optional<QByteArray> encodeJpeg(const QImage& image, int compressionQuality)
+{
+    // The quality reaches us unclamped; the encoder takes 0...100.
+    const int quality = std::clamp(compressionQuality, 0, 100);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    QImageWriter writer(&buffer, "jpeg");
+    writer.setQuality(quality);
+    if (!writer.write(image))
+        return std::nullopt;
+    return bytes;
+}
+
+} // namespace
+
+QUrl outputURL(const QString& name, const QString& fileExtension)
+{
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    QDir().mkpath(documents);
+    return QUrl::fromLocalFile(QDir(documents).filePath(name + u'.' + fileExtension));
+}
+
+QUrl ImageSaverImp::save(const QImage& image, const QuorvaneSdkImageOutputFormat& outputFormat,
+                         const std::optional<QUrl>& outputURL)
+{
+    const std::optional<QByteArray> data = getCompressImageData(image, outputFormat);
+    if (!data) {
+        ImageLogger::shared().log(kTag, QStringLiteral("compress image failed"),
+                                  SharedQuorvaneSdkLogSeverity::error);
+        throw QuorvaneSdkImageError(QuorvaneSdkImageError::unableToCompressImage);
+    }
+    const QUrl url = outputURL ? *outputURL : getOutputURL(outputFormat);
+    try {
+        saveImageDataToLocalURL(*data, url);
+    } catch (const QuorvaneSdkImageError&) {
+        ImageLogger::shared().log(kTag, QStringLiteral("save image data to local failed"),
+                                  SharedQuorvaneSdkLogSeverity::error);
+        throw QuorvaneSdkImageError(QuorvaneSdkImageError::unableToSaveCroppedImage);
+    }
+    return url;
+}
+
+std::optional<QByteArray> ImageSaverImp::getCompressImageData(const QImage& image,
+                                                              const QuorvaneSdkImageOutputFormat& outputFormat)
+{
+    if (image.isNull())
+        return std::nullopt;
+    switch (outputFormat.kind()) {
+    case QuorvaneSdkImageOutputFormat::Kind::jpg:
+        return encodeJpeg(image, outputFormat.compressionQuality());
+    case QuorvaneSdkImageOutputFormat::Kind::png:
+        return encodePng(image);
+    }
+    return std::nullopt;
+}
+
+QUrl ImageSaverImp::getOutputURL(const QuorvaneSdkImageOutputFormat& outputFormat)
+{
+    const QString name = QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
+    return ::outputURL(name, fileExtension(outputFormat));
+}
+
+void ImageSaverImp::saveImageDataToLocalURL(const QByteArray& data, const QUrl& url)
+{
+    // Written beside the destination and renamed over it only when complete, so a failed or interrupted
+    // write never leaves a partial file and never destroys the file that was there.
+    QSaveFile file(url.toLocalFile());
+    if (!url.isLocalFile() || !file.open(QIODevice::WriteOnly) || file.write(data) != data.size() ||
+        !file.commit())
+        throw QuorvaneSdkImageError(QuorvaneSdkImageError::unableToSaveCroppedImage);
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "QuorvaneSdkImageEditorPreset.h"
+
+#include <QObject>
+#include <QtQml/qqmlregistration.h>
+
+/// Builds presets and output formats from QML, where value types have no constructors.
+class QuorvaneSdkImage : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
+
+public:
+    using QObject::QObject;
+
+    Q_INVOKABLE QuorvaneSdkImageOutputFormat jpg(int compressionQuality) const
+    {
+        return QuorvaneSdkImageOutputFormat::jpg(compressionQuality);
+    }
+    Q_INVOKABLE QuorvaneSdkImageOutputFormat png() const { return QuorvaneSdkImageOutputFormat::png(); }
+
+    /// A preset that loads \a imageURL. An empty \a outputURL lets the editor name a new file in Documents;
+    /// an empty \a newSize keeps the image's size.
+    Q_INVOKABLE QuorvaneSdkImageEditorPreset presetFromImageUrl(
+        const QUrl& imageURL,
+        const QuorvaneSdkImageOutputFormat& outputFormat = QuorvaneSdkImageOutputFormat::jpg(100),
+        const QUrl& outputURL = QUrl(), const QSizeF& newSize = QSizeF()) const;
+};

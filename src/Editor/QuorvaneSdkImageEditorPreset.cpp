@@ -1,0 +1,32 @@
+#include "QuorvaneSdkImageEditorPreset.h"
+
+#include "Helpers/ImageHelpers.h"
+#include "Helpers/ImageLoader.h"
+
+QuorvaneSdkImageEditorPreset::QuorvaneSdkImageEditorPreset(const QImage& image,
+                                                           QuorvaneSdkImageOutputFormat outputFormat,
+                                                           std::optional<QUrl> outputURL,
+                                                           std::optional<QSizeF> newSize)
+    : m_image(ImageHelpers::redrawnAtScreenScale(image))
+    , m_outputFormat(outputFormat)
+    , m_outputURL(std::move(outputURL))
+    , m_newSize(newSize)
+{
+}
+
+QuorvaneSdkImageEditorPreset::QuorvaneSdkImageEditorPreset(const QUrl& imageURL,
+                                                           QuorvaneSdkImageOutputFormat outputFormat,
+                                                           std::optional<QUrl> outputURL,
+                                                           std::optional<QSizeF> newSize, qint64 maxImagePixels)
+    : m_outputFormat(outputFormat)
+    , m_outputURL(std::move(outputURL))
+    , m_newSize(newSize)
+{
+    if (!imageURL.isLocalFile()) {
+        m_loadFailure = QStringLiteral("\"%1\" is not a local file URL.").arg(imageURL.toString());
+        return;
+    }
+    ImageLoadResult loaded = loadImageFile(imageURL.toLocalFile(), maxImagePixels);
+    m_image = std::move(loaded.image);
+    m_loadFailure = std::move(loaded.failure);
+}

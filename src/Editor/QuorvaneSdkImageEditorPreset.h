@@ -1,0 +1,54 @@
+#pragma once
+
+#include "QuorvaneSdkImageOutputFormat.h"
+
+#include <QImage>
+#include <QSizeF>
+#include <QUrl>
+#include <optional>
+
+/// What a host hands the editor: the picture, how to encode the result, where to write it and an optional
+/// size to resize it to.
+class QuorvaneSdkImageEditorPreset
+{
+    Q_GADGET
+    QML_VALUE_TYPE(quorvaneSdkImageEditorPreset)
+    Q_PROPERTY(bool hasImage READ hasImage CONSTANT)
+    Q_PROPERTY(QString loadFailure READ loadFailure CONSTANT)
+
+public:
+    /// Larger files are refused unread unless the host raises the limit.
+    static constexpr qint64 kDefaultMaxImagePixels = 100'000'000;
+
+    /// No image: the editor shows its error screen.
+    QuorvaneSdkImageEditorPreset() = default;
+
+    /// Keeps an upright copy of \a image redrawn at the screen's scale; a null image leaves the preset empty.
+    QuorvaneSdkImageEditorPreset(const QImage& image, QuorvaneSdkImageOutputFormat outputFormat,
+                                 std::optional<QUrl> outputURL, std::optional<QSizeF> newSize);
+
+    /// Loads the local file \a imageURL upright (EXIF orientation applied). A missing, unreadable, corrupt,
+    /// truncated or over-large file leaves the image empty and says why in loadFailure().
+    explicit QuorvaneSdkImageEditorPreset(const QUrl& imageURL,
+                                          QuorvaneSdkImageOutputFormat outputFormat =
+                                              QuorvaneSdkImageOutputFormat::jpg(100),
+                                          std::optional<QUrl> outputURL = std::nullopt,
+                                          std::optional<QSizeF> newSize = std::nullopt,
+                                          qint64 maxImagePixels = kDefaultMaxImagePixels);
+
+    const std::optional<QImage>& image() const { return m_image; }
+    QuorvaneSdkImageOutputFormat outputFormat() const { return m_outputFormat; }
+    const std::optional<QUrl>& outputURL() const { return m_outputURL; }
+    const std::optional<QSizeF>& newSize() const { return m_newSize; }
+
+    bool hasImage() const { return m_image.has_value(); }
+    /// Why the image could not be loaded; empty when it was, or when the preset was built from an image.
+    QString loadFailure() const { return m_loadFailure; }
+
+private:
+    std::optional<QImage> m_image;
+    QuorvaneSdkImageOutputFormat m_outputFormat;
+    std::optional<QUrl> m_outputURL;
+    std::optional<QSizeF> m_newSize;
+    QString m_loadFailure;
+};

@@ -1,0 +1,79 @@
+#include "QuorvaneSdkImageEditorViewModel.h"
+
+#include "Error/QuorvaneSdkImageError.h"
+#include "Helpers/ImageHelpers.h"
+#include "ImageSaver/ImageSaverImp.h"
+#include "Logger/ImageLogger.h"
+
+#include <QVariant>
+
+QuorvaneSdkImageEditorViewModel::QuorvaneSdkImageEditorViewModel(QObject* parent)
+    : QObject(parent)
+    , m_imageSaver(std::make_shared<ImageSaverImp>())
+{
+}
+
+QuorvaneSdkImageEditorViewModel::QuorvaneSdkImageEditorViewModel(QuorvaneSdkImageEditorPreset preset,
+                                                                 std::shared_ptr<ImageSaver> imageSaver,
+                                                                 QObject* parent)
+    : QObject(parent)
+    , m_preset(std::move(preset))
+    , m_imageSaver(imageSaver ? std::move(imageSaver) : std::make_shared<ImageSaverImp>())
+{
+    start();
+}
+
+void QuorvaneSdkImageEditorViewModel::setPreset(const QuorvaneSdkImageEditorPreset& preset)
+{
+    if (m_started)
+        return;
+    m_preset = preset;
+    emit presetChanged();
+}
+
+void QuorvaneSdkImageEditorViewModel::start()
+{
+    ImageLogger::shared().log(QStringLiteral("QuorvaneSdkImageEditorViewModel"),
+                              QStringLiteral("initialize image editor"));
+    m_image = m_preset.image();
+    m_started = true;
+    emit imageChanged();
+    emit startedChanged();
+}
+
+QuorvaneSdkImageEditorResult QuorvaneSdkImageEditorViewModel::getResult(const std::optional<QImage>& image)
+{
+    if (!image)
+        return {};
+    QImage resultImage = *image;
+    if (const auto newSize = m_preset.newSize()) {
+        if (auto resized = ImageHelpers::resized(resultImage, *newSize))
+            resultImage = std::move(*resized);
+    }
+    std::optional<QUrl> url;
+    try {
+        url = m_imageSaver->save(resultImage, m_preset.outputFormat(), m_preset.outputURL());
+    } catch (const QuorvaneSdkImageError&) {
+        // Already logged by the saver; the host still gets the image.
+    }
+    return {std::move(resultImage), std::move(url)};
+}
+
+QuorvaneSdkImageEditorResult QuorvaneSdkImageEditorViewModel::resultFor(const QVariant& image)
+{
+    if (image.metaType() != QMetaType::fromType<QImage>())
+        return getResult(std::nullopt);
+    const QImage converted = image.value<QImage>();
+    return getResult(converted.isNull() ? std::nullopt : std::optional<QImage>(converted));
+}
+
+void QuorvaneSdkImageEditorViewModel::classBegin()
+{
+    m_declaredInQml = true;
+}
+
+void QuorvaneSdkImageEditorViewModel::componentComplete()
+{
+    if (m_declaredInQml && !m_started)
+        start();
+}

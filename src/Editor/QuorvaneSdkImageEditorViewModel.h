@@ -1,0 +1,61 @@
+#pragma once
+
+#include "ImageSaver/ImageSaver.h"
+#include "QuorvaneSdkImageEditorPreset.h"
+#include "QuorvaneSdkImageEditorResult.h"
+
+#include <QObject>
+#include <QQmlParserStatus>
+#include <QtQml/qqmlregistration.h>
+#include <memory>
+
+/// One editing session: holds the preset's image and turns the editor's final image into the host's result.
+/// From C++ it starts at construction; from QML it starts once its declaration (with `preset`) is complete.
+class QuorvaneSdkImageEditorViewModel : public QObject, public QQmlParserStatus
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_INTERFACES(QQmlParserStatus)
+    Q_PROPERTY(QuorvaneSdkImageEditorPreset preset READ preset WRITE setPreset NOTIFY presetChanged)
+    Q_PROPERTY(QImage image READ imageOrNull NOTIFY imageChanged)
+    Q_PROPERTY(bool hasImage READ hasImage NOTIFY imageChanged)
+    Q_PROPERTY(bool started READ started NOTIFY startedChanged)
+
+public:
+    explicit QuorvaneSdkImageEditorViewModel(QObject* parent = nullptr);
+    QuorvaneSdkImageEditorViewModel(QuorvaneSdkImageEditorPreset preset,
+                                    std::shared_ptr<ImageSaver> imageSaver = nullptr, QObject* parent = nullptr);
+
+    const std::optional<QImage>& image() const { return m_image; }
+    QImage imageOrNull() const { return m_image.value_or(QImage()); }
+    bool hasImage() const { return m_image.has_value(); }
+    bool started() const { return m_started; }
+
+    /// Taken once, before the session starts; later values are ignored.
+    QuorvaneSdkImageEditorPreset preset() const { return m_preset; }
+    void setPreset(const QuorvaneSdkImageEditorPreset& preset);
+
+    /// The result for the editor's final \a image: resized when the preset asks, then saved. Never fails: a
+    /// failed save still returns the image, with no URL; no image gives an empty result.
+    virtual QuorvaneSdkImageEditorResult getResult(const std::optional<QImage>& image);
+
+    /// getResult() for QML: a null or undefined \a image means none.
+    Q_INVOKABLE QuorvaneSdkImageEditorResult resultFor(const QVariant& image);
+
+    void classBegin() override;
+    void componentComplete() override;
+
+signals:
+    void presetChanged();
+    void imageChanged();
+    void startedChanged();
+
+private:
+    void start();
+
+    QuorvaneSdkImageEditorPreset m_preset;
+    std::shared_ptr<ImageSaver> m_imageSaver;
+    std::optional<QImage> m_image;
+    bool m_started = false;
+    bool m_declaredInQml = false;
+};

@@ -1,0 +1,126 @@
+#include "EditCommand.h"
+
+#include "Editor/ImageSaver/ImageSaverImp.h"
+#include "Editor/QuorvaneSdkImageEditorViewModel.h"
+#include "Error/QuorvaneSdkImageError.h"
+
+#include <QFileInfo>
+#include <QRegularExpression>
+
+namespace {
+
+// Remembers the saver's failure, which the session deliberately swallows, for the exit code.
+class RecordingImageSaver final : public ImageSaver
+{
+public:
+    QUrl save(const QImage& image, const QuorvaneSdkImageOutputFormat& outputFormat,
+              const std::optional<QUrl>& outputURL) override
+    {
+        try {
+            return m_saver.save(image, outputFormat, outputURL);
+        } catch (const QuorvaneSdkImageError& error) {
+            failure = error;
+            throw;
+        }
+    }
+
+    std::optional<QuorvaneSdkImageError> failure;
+
+private:
+    ImageSaverImp m_saver;
+};
+
+std::optional<QSizeF> parseSize(const QString& text)
+{
+    static const QRegularExpression pattern(QStringLiteral("^([0-9]{1,6})x([0-9]{1,6})$"));
+    const auto match = pattern.match(text);
+    if (!match.hasMatch())
+        return std::nullopt;
+    const int width = match.captured(1).toInt();
+    const int height = match.captured(2).toInt();
+    if (width <= 0 || height <= 0)
+        return std::nullopt;
+    return QSizeF(width, height);
+}
+
+std::optional<QuorvaneSdkImageOutputFormat> parseFormat(const QString& text)
+{
+    if (text == u"png")
+        return QuorvaneSdkImageOutputFormat::png();
+    if (text == u"jpg")
+        return QuorvaneSdkImageOutputFormat::jpg(100);
+    static const QRegularExpression pattern(QStringLiteral("^jpg:([0-9]{1,3})$"));
+    const auto match = pattern.match(text);
+    if (!match.hasMatch() || match.captured(1).toInt() > 100)
+        return std::nullopt;
+    return QuorvaneSdkImageOutputFormat::jpg(match.captured(1).toInt());
+}
+
+} // namespace
+
+QString usageText()
+{
+    return QStringLiteral("usage: quorvane-image edit INPUT [--resize WxH] [--format jpg[:QUALITY]|png] "
+                          "[--output PATH]\n");
+}
+
+std::variant<EditOptions, UsageError> parseEditCommand(const QStringList& arguments)
+{
+    if (arguments.isEmpty() || arguments.first() != u"edit")
+        return UsageError{QStringLiteral("The only command is \"edit\".")};
+    EditOptions options;
+    for (qsizetype i = 1; i < arguments.size(); ++i) {
+        const QString& argument = arguments[i];
+        const bool isOption = argument.startsWith(u"--");
+        if (isOption && i + 1 >= arguments.size())
+            return UsageError{QStringLiteral("%1 needs a value.").arg(argument)};
+        if (argument == u"--resize") {
+            options.resize = parseSize(arguments[++i]);
+            if (!options.resize)
+                return UsageError{QStringLiteral("--resize takes WIDTHxHEIGHT in whole points, e.g. 1200x800.")};
+        } else if (argument == u"--format") {
+            const auto format = parseFormat(arguments[++i]);
+            if (!format)
+                return UsageError{QStringLiteral("--format takes jpg, jpg:QUALITY (0 to 100) or png.")};
+            options.format = *format;
+        } else if (argument == u"--output") {
+            options.output = arguments[++i];
+        } else if (isOption) {
+            return UsageError{QStringLiteral("Unknown option %1.").arg(argument)};
+        } else if (options.input.isEmpty()) {
+            options.input = argument;
+        } else {
+            return UsageError{QStringLiteral("Only one INPUT is taken; \"%1\" is one too many.").arg(argument)};
+        }
+    }
+    if (options.input.isEmpty())
+        return UsageError{QStringLiteral("INPUT is missing.")};
+    return options;
+}
+
+int runEditCommand(const EditOptions& options, QTextStream& out, QTextStream& err)
+{
+    std::optional<QUrl> outputURL;
+    if (options.output)
+        outputURL = QUrl::fromLocalFile(QFileInfo(*options.output).absoluteFilePath());
+    const QuorvaneSdkImageEditorPreset preset(QUrl::fromLocalFile(QFileInfo(options.input).absoluteFilePath()),
+                                              options.format, outputURL, options.resize);
+    if (!preset.hasImage()) {
+        err << "Cannot load the input image: " << preset.loadFailure() << "\n";
+        return QuorvaneSdkImageError::invalidFile;
+    }
+
+    const auto saver = std::make_shared<RecordingImageSaver>();
+    QuorvaneSdkImageEditorViewModel session(preset, saver);
+    const QuorvaneSdkImageEditorResult result = session.getResult(session.image());
+    if (saver->failure) {
+        if (saver->failure->code() == QuorvaneSdkImageError::unableToCompressImage)
+            err << "Cannot encode the image in the requested format.\n";
+        else
+            err << "Cannot write the output file"
+                << (outputURL ? QStringLiteral(" \"%1\"").arg(outputURL->toLocalFile()) : QString()) << ".\n";
+        return saver->failure->code();
+    }
+    out << result.editedImageURL()->toLocalFile() << "\n";
+    return 0;
+}

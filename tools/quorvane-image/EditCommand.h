@@ -1,0 +1,33 @@
+#pragma once
+
+#include "Editor/QuorvaneSdkImageOutputFormat.h"
+
+#include <QSizeF>
+#include <QString>
+#include <QStringList>
+#include <QTextStream>
+#include <optional>
+#include <variant>
+
+/// `quorvane-image edit INPUT [--resize WxH] [--format jpg[:QUALITY]|png] [--output PATH]`
+struct EditOptions {
+    QString input;
+    std::optional<QSizeF> resize;
+    QuorvaneSdkImageOutputFormat format = QuorvaneSdkImageOutputFormat::jpg(100);
+    std::optional<QString> output;
+};
+
+struct UsageError {
+    QString sentence;
+};
+
+constexpr int kExitUsage = 64;
+
+/// \a arguments without the program name.
+std::variant<EditOptions, UsageError> parseEditCommand(const QStringList& arguments);
+
+/// Runs the edit; prints the written file's path on \a out, one sentence on \a err on failure. Returns the
+/// process exit code: 0, or the QuorvaneSdkImageError code of the failure.
+int runEditCommand(const EditOptions& options, QTextStream& out, QTextStream& err);
+
+QString usageText();
