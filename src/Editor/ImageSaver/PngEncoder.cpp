@@ -37,7 +37,9 @@ void appendChunk(QByteArray& png, const char type[4], const uchar* data, quint32
     png.append(reinterpret_cast<const char*>(header.data()), 8);
     png.append(reinterpret_cast<const char*>(data), length);
     quint32 crc = libdeflate_crc32(0, header.data() + 4, 4);
-    crc = libdeflate_crc32(crc, data, length);
+    // A null buffer would restart the checksum rather than extend it.
+    if (length > 0)
+        crc = libdeflate_crc32(crc, data, length);
     std::array<uchar, 4> trailer{};
     putBigEndian(trailer.data(), crc);
     png.append(reinterpret_cast<const char*>(trailer.data()), 4);

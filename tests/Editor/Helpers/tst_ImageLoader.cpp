@@ -1,0 +1,193 @@
+#include "Editor/Helpers/ImageLoader.h"
+#include "TestImages.h"
+
+#include <QBuffer>
+#include <QImageWriter>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace TestImages;
+
+class tst_ImageLoader : public QObject
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_dir;
+
+    QString write(const QString& name, const QByteArray& bytes)
+    {
+        const QString path = m_dir.filePath(name);
+        if (!writeFile(path, bytes))
+            qFatal("cannot write test file %s", qPrintable(path));
+        return path;
+    }
+
+private slots:
+    void exifOrientation_isApplied_data()
+    {
+        QTest::addColumn<int>("orientation");
+        for (int orientation = 1; orientation <= 8; ++orientation)
+            QTest::addRow("orientation %d", orientation) << orientation;
+    }
+
+    void exifOrientation_isApplied()
+    {
+        QFETCH(int, orientation);
+        const QImage upright = quadrants(QSize(64, 32));
+        const QImage stored = displayed(upright, inverseOrientation(orientation));
+        const QString path =
+            write(QStringLiteral("oriented.jpg"), withExifOrientation(encode(stored, "jpeg", 100), orientation));
+
+        const ImageLoadResult loaded = loadImageFile(path, 1'000'000);
+
+        QVERIFY2(loaded.image, qPrintable(loaded.failure));
+        QCOMPARE(loaded.image->size(), upright.size());
+        const auto expected = quarterColours(upright);
+        const auto actual = quarterColours(*loaded.image);
+        for (int quarter = 0; quarter < 4; ++quarter)
+            QVERIFY2(near(actual[quarter], expected[quarter], 8), qPrintable(QString::number(quarter)));
+    }
+
+    void wholeFiles_load_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QSize>("size");
+
+        const QImage image = quadrants(QSize(40, 30));
+        QTest::newRow("jpeg") << encode(image, "jpeg", 90) << QSize(40, 30);
+        QTest::newRow("progressive jpeg") << [&] {
+            QByteArray bytes;
+            QBuffer buffer(&bytes);
+            buffer.open(QIODevice::WriteOnly);
+            QImageWriter writer(&buffer, "jpeg");
+            writer.setProgressiveScanWrite(true);
+            writer.write(image);
+            return bytes;
+        }() << QSize(40, 30);
+        QTest::newRow("jpeg with data after its end") << encode(image, "jpeg", 90) + QByteArray(500, 'x')
+                                                      << QSize(40, 30);
+        QTest::newRow("png") << encode(image, "png") << QSize(40, 30);
+        QTest::newRow("png with alpha") << encode(image.convertToFormat(QImage::Format_ARGB32), "png")
+                                        << QSize(40, 30);
+        QTest::newRow("bmp") << encode(image, "bmp") << QSize(40, 30);
+    }
+
+    void wholeFiles_load()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QSize, size);
+        // The extension lies on purpose: content decides.
+        const ImageLoadResult loaded = loadImageFile(write(QStringLiteral("whole.img"), bytes), 1'000'000);
+        QVERIFY2(loaded.image, qPrintable(loaded.failure));
+        QCOMPARE(loaded.image->size(), size);
+        QVERIFY(loaded.failure.isEmpty());
+    }
+
+    void realPhoto_loadsAtFullSize()
+    {
+        const ImageLoadResult loaded = loadImageFile(photoPath(), 100'000'000);
+        QVERIFY2(loaded.image, qPrintable(loaded.failure));
+        QCOMPARE(loaded.image->size(), QSize(4224, 3168));
+    }
+
+    void badFiles_yieldNoImageAndAReason_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QString>("reason");
+
+        const QByteArray jpeg = encode(quadrants(QSize(64, 64)), "jpeg", 90);
+        const QByteArray png = encode(quadrants(QSize(64, 64)), "png");
+        const qsizetype scan = jpeg.indexOf(QByteArray::fromHex("ffda"));
+
+        QTest::newRow("empty") << QByteArray() << "is empty";
+        QTest::newRow("text") << QByteArray("hello, I am not a picture\n") << "not an image";
+        QTest::newRow("jpeg cut in its headers") << jpeg.left(scan / 2) << "could not be decoded";
+        QTest::newRow("jpeg cut in its scan") << jpeg.left(scan + 100) << "truncated";
+        QTest::newRow("jpeg without its end marker") << jpeg.left(jpeg.size() - 2) << "truncated";
+        QTest::newRow("jpeg with garbage for a scan") << jpeg.left(scan + 20) + QByteArray(4000, '\xff')
+                                                      << "truncated";
+        QTest::newRow("png cut short") << png.left(png.size() / 2) << "could not be decoded";
+        QTest::newRow("png with a corrupt header") << [&] {
+            QByteArray bytes = png;
+            bytes[20] = char(bytes[20] ^ 0x55);
+            return bytes;
+        }() << "could not be decoded";
+        QTest::newRow("png declaring 20000x20000") << pngDeclaring(20000, 20000) << "more than the limit";
+        QTest::newRow("jpeg declaring 65000x65000") << jpegDeclaring(65000, 65000) << "more than the limit";
+        QTest::newRow("png declaring 0x0") << pngDeclaring(0, 0) << "could not be decoded";
+    }
+
+    void badFiles_yieldNoImageAndAReason()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, reason);
+        const QString path = write(QStringLiteral("bad.jpg"), bytes);
+
+        const ImageLoadResult loaded = loadImageFile(path, 100'000'000);
+
+        QVERIFY(!loaded.image);
+        QVERIFY2(loaded.failure.contains(reason), qPrintable(loaded.failure));
+        QVERIFY2(loaded.failure.contains(path), qPrintable(loaded.failure));
+    }
+
+    void missingFileAndFolder_yieldNoImageAndAReason()
+    {
+        const ImageLoadResult missing = loadImageFile(m_dir.filePath(QStringLiteral("none.jpg")), 1000);
+        QVERIFY(!missing.image);
+        QVERIFY(missing.failure.contains(QStringLiteral("does not exist")));
+
+        const ImageLoadResult folder = loadImageFile(m_dir.path(), 1000);
+        QVERIFY(!folder.image);
+        QVERIFY(folder.failure.contains(QStringLiteral("not a regular file")));
+    }
+
+    void pixelLimit_isTheHosts_data()
+    {
+        QTest::addColumn<qint64>("limit");
+        QTest::addColumn<bool>("loads");
+        QTest::newRow("below the image") << qint64(100 * 100 - 1) << false;
+        QTest::newRow("exactly the image") << qint64(100 * 100) << true;
+        QTest::newRow("default") << qint64(100'000'000) << true;
+    }
+
+    void pixelLimit_isTheHosts()
+    {
+        QFETCH(qint64, limit);
+        QFETCH(bool, loads);
+        const QString path = write(QStringLiteral("square.png"), encode(quadrants(QSize(100, 100)), "png"));
+        QCOMPARE(loadImageFile(path, limit).image.has_value(), loads);
+    }
+
+    void jpegStreamIsComplete_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<bool>("complete");
+
+        const QByteArray jpeg = encode(quadrants(QSize(32, 32)), "jpeg", 90);
+        // A thumbnail's end marker inside an APP1 segment must not count as the image's.
+        QByteArray withThumbnail = jpeg.left(2);
+        const QByteArray thumbnail = encode(quadrants(QSize(8, 8)), "jpeg", 50);
+        const quint16 length = quint16(thumbnail.size() + 2);
+        withThumbnail += QByteArray::fromHex("ffe1") + char(length >> 8) + char(length & 0xFF) + thumbnail;
+        withThumbnail += jpeg.mid(2);
+
+        QTest::newRow("whole") << jpeg << true;
+        QTest::newRow("whole with thumbnail") << withThumbnail << true;
+        QTest::newRow("thumbnail kept, image cut") << withThumbnail.left(withThumbnail.size() - 40) << false;
+        QTest::newRow("trailing data") << jpeg + QByteArray("trailer") << true;
+        QTest::newRow("only start marker") << jpeg.left(2) << false;
+        QTest::newRow("not a jpeg") << QByteArray("GIF89a......") << false;
+        QTest::newRow("cut in a segment length") << jpeg.left(5) << false;
+    }
+
+    void jpegStreamIsComplete()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(bool, complete);
+        QCOMPARE(::jpegStreamIsComplete(bytes), complete);
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_ImageLoader)
+#include "tst_ImageLoader.moc"

@@ -1,0 +1,74 @@
+#include "Editor/ImageSaver/PngEncoder.h"
+#include "TestImages.h"
+
+#include <QRandomGenerator>
+#include <QTest>
+
+namespace {
+
+// Noise defeats any shortcut in the filter or the compressor.
+QImage noise(QSize size, QImage::Format format, bool opaque)
+{
+    QImage image(size, QImage::Format_ARGB32);
+    QRandomGenerator random(42);
+    for (int y = 0; y < size.height(); ++y) {
+        auto* row = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (int x = 0; x < size.width(); ++x) {
+            const quint32 value = random.generate();
+            row[x] = opaque ? (value | 0xFF000000u) : value;
+        }
+    }
+    return image.convertToFormat(format);
+}
+
+} // namespace
+
+class tst_PngEncoder : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void roundTrip_isLossless_data()
+    {
+        QTest::addColumn<QImage>("image");
+        QTest::addColumn<int>("colourType");
+
+        const QSize size(97, 61);
+        QTest::newRow("rgb32") << noise(size, QImage::Format_RGB32, true) << 2;
+        QTest::newRow("argb32 premultiplied, opaque") << noise(size, QImage::Format_ARGB32_Premultiplied, true)
+                                                      << 2;
+        QTest::newRow("argb32, translucent") << noise(size, QImage::Format_ARGB32, false) << 6;
+        QTest::newRow("argb32 premultiplied, translucent")
+            << noise(size, QImage::Format_ARGB32_Premultiplied, false) << 6;
+        QTest::newRow("rgb888") << noise(size, QImage::Format_RGB888, true) << 2;
+        QTest::newRow("grayscale8") << noise(size, QImage::Format_Grayscale8, true) << 2;
+        QTest::newRow("rgba64, translucent") << noise(size, QImage::Format_RGBA64, false) << 6;
+        QTest::newRow("rgba64, opaque") << noise(size, QImage::Format_RGBA64, true) << 2;
+        QTest::newRow("one pixel") << noise(QSize(1, 1), QImage::Format_RGB32, true) << 2;
+        QTest::newRow("one row") << noise(QSize(300, 1), QImage::Format_RGB32, true) << 2;
+        QTest::newRow("one column") << noise(QSize(1, 300), QImage::Format_RGB32, true) << 2;
+        QTest::newRow("real photo") << QImage(TestImages::photoPath()).copy(1000, 1000, 640, 480) << 2;
+    }
+
+    void roundTrip_isLossless()
+    {
+        QFETCH(QImage, image);
+        QFETCH(int, colourType);
+
+        const auto png = encodePng(image);
+        QVERIFY(png);
+        QCOMPARE(int(png->at(25)), colourType);
+
+        QImage decoded;
+        QVERIFY(decoded.loadFromData(*png, "png"));
+        QCOMPARE(decoded.size(), image.size());
+        const QImage::Format reference = colourType == 6 ? QImage::Format_ARGB32 : QImage::Format_RGB32;
+        // Translucent 16-bit pixels lose their low bits to 8-bit PNG, just as in an 8-bit conversion.
+        QCOMPARE(decoded.convertToFormat(reference), image.convertToFormat(reference));
+    }
+
+    void nullImage_encodesToNothing() { QVERIFY(!encodePng(QImage())); }
+};
+
+QTEST_GUILESS_MAIN(tst_PngEncoder)
+#include "tst_PngEncoder.moc"

@@ -1,0 +1,84 @@
+#include "Editor/Helpers/ImageHelpers.h"
+#include "Editor/QuorvaneSdkImageEditorPreset.h"
+#include "TestImages.h"
+
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace TestImages;
+
+class tst_QuorvaneSdkImageEditorPreset : public QObject
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_dir;
+
+private slots:
+    void fromImage_keepsAnUprightCopyAtScreenScale()
+    {
+        QImage original = quadrants(QSize(30, 20));
+        const QuorvaneSdkImageEditorPreset preset(original, QuorvaneSdkImageOutputFormat::png(), std::nullopt,
+                                                  QSizeF(10, 10));
+        original.fill(Qt::black);
+
+        QVERIFY(preset.image());
+        QCOMPARE(preset.image()->deviceIndependentSize(), QSizeF(30, 20));
+        QCOMPARE(preset.image()->devicePixelRatio(), ImageHelpers::screenScale());
+        QCOMPARE(preset.image()->convertToFormat(QImage::Format_RGB32), quadrants(QSize(30, 20)));
+        QCOMPARE(preset.outputFormat(), QuorvaneSdkImageOutputFormat::png());
+        QCOMPARE(preset.newSize(), std::optional<QSizeF>(QSizeF(10, 10)));
+        QVERIFY(preset.loadFailure().isEmpty());
+    }
+
+    void fromNullImage_hasNoImage()
+    {
+        const QuorvaneSdkImageEditorPreset preset(QImage(), QuorvaneSdkImageOutputFormat::jpg(80), std::nullopt,
+                                                  std::nullopt);
+        QVERIFY(!preset.image());
+    }
+
+    void fromURL_defaultsToBestJpegAndNoDestination()
+    {
+        const QString path = m_dir.filePath(QStringLiteral("a.png"));
+        QVERIFY(writeFile(path, encode(quadrants(QSize(12, 10)), "png")));
+        const QuorvaneSdkImageEditorPreset preset{QUrl::fromLocalFile(path)};
+
+        QVERIFY(preset.image());
+        QCOMPARE(preset.image()->size(), QSize(12, 10));
+        QCOMPARE(preset.outputFormat(), QuorvaneSdkImageOutputFormat::jpg(100));
+        QVERIFY(!preset.outputURL());
+        QVERIFY(!preset.newSize());
+    }
+
+    void fromURL_thatCannotBeLoaded_hasNoImageAndSaysWhy_data()
+    {
+        QTest::addColumn<QUrl>("url");
+        QTest::addColumn<QString>("reason");
+        QTest::newRow("missing") << QUrl::fromLocalFile(m_dir.filePath(QStringLiteral("none.jpg")))
+                                 << "does not exist";
+        QTest::newRow("remote") << QUrl(QStringLiteral("https://example.invalid/a.jpg")) << "not a local file";
+    }
+
+    void fromURL_thatCannotBeLoaded_hasNoImageAndSaysWhy()
+    {
+        QFETCH(QUrl, url);
+        QFETCH(QString, reason);
+        const QuorvaneSdkImageEditorPreset preset{url};
+        QVERIFY(!preset.image());
+        QVERIFY2(preset.loadFailure().contains(reason), qPrintable(preset.loadFailure()));
+    }
+
+    void fromURL_honoursTheHostsPixelLimit()
+    {
+        const QString path = m_dir.filePath(QStringLiteral("big.png"));
+        QVERIFY(writeFile(path, encode(quadrants(QSize(100, 100)), "png")));
+        const QuorvaneSdkImageEditorPreset limited(QUrl::fromLocalFile(path), QuorvaneSdkImageOutputFormat::png(),
+                                                   std::nullopt, std::nullopt, 9999);
+        QVERIFY(!limited.image());
+        QVERIFY(limited.loadFailure().contains(QStringLiteral("limit")));
+    }
+};
+
+QTEST_MAIN(tst_QuorvaneSdkImageEditorPreset)
+#include "tst_QuorvaneSdkImageEditorPreset.moc"

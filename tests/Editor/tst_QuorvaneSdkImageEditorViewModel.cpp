@@ -1,0 +1,141 @@
+#include "Editor/Helpers/ImageHelpers.h"
+#include "Editor/QuorvaneSdkImageEditorViewModel.h"
+#include "LogRecorder.h"
+#include "TestImages.h"
+
+#include <QDir>
+#include <QImageReader>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace TestImages;
+
+namespace {
+
+QuorvaneSdkImageEditorPreset presetWith(QuorvaneSdkImageOutputFormat format, std::optional<QUrl> outputURL,
+                                        std::optional<QSizeF> newSize)
+{
+    return QuorvaneSdkImageEditorPreset(quadrants(QSize(60, 40)), format, std::move(outputURL), newSize);
+}
+
+} // namespace
+
+class tst_QuorvaneSdkImageEditorViewModel : public QObject
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_dir;
+
+private slots:
+    void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
+
+    void construction_logsOnceAndTakesThePresetsImage()
+    {
+        LogRecorder log;
+        const QuorvaneSdkImageEditorViewModel session(presetWith(QuorvaneSdkImageOutputFormat::png(), {}, {}));
+        QCOMPARE(log.lines(),
+                 QStringList{QStringLiteral("QuorvaneSdkImageEditorViewModel: initialize image editor")});
+        QCOMPARE(toString(log.records().first().severity), toString(SharedQuorvaneSdkLogSeverity::info));
+        QVERIFY(session.image());
+        QCOMPARE(session.image()->deviceIndependentSize(), QSizeF(60, 40));
+    }
+
+    void getResult_withoutImage_isEmptyAndSavesNothing()
+    {
+        const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+        QDir(documents).removeRecursively();
+        QuorvaneSdkImageEditorViewModel session(presetWith(QuorvaneSdkImageOutputFormat::png(), {}, {}));
+        LogRecorder log;
+
+        const QuorvaneSdkImageEditorResult result = session.getResult(std::nullopt);
+
+        QVERIFY(!result.editedImage());
+        QVERIFY(!result.editedImageURL());
+        QVERIFY(log.lines().isEmpty());
+        QVERIFY(!QDir(documents).exists() || QDir(documents).isEmpty());
+    }
+
+    void getResult_resizesWhenAsked_data()
+    {
+        QTest::addColumn<std::optional<QSizeF>>("newSize");
+        QTest::addColumn<QSize>("expected");
+        QTest::newRow("no new size") << std::optional<QSizeF>() << QSize(60, 40);
+        QTest::newRow("smaller, other aspect") << std::optional<QSizeF>(QSizeF(25, 25)) << QSize(25, 25);
+        QTest::newRow("larger") << std::optional<QSizeF>(QSizeF(120, 80)) << QSize(120, 80);
+        QTest::newRow("zero keeps the size") << std::optional<QSizeF>(QSizeF(0, 0)) << QSize(60, 40);
+    }
+
+    void getResult_resizesWhenAsked()
+    {
+        QFETCH(std::optional<QSizeF>, newSize);
+        QFETCH(QSize, expected);
+        const QUrl target = QUrl::fromLocalFile(m_dir.filePath(QStringLiteral("result.png")));
+        QuorvaneSdkImageEditorViewModel session(presetWith(QuorvaneSdkImageOutputFormat::png(), target, newSize));
+
+        const QuorvaneSdkImageEditorResult result = session.getResult(session.image());
+
+        QVERIFY(result.editedImage());
+        QCOMPARE(result.editedImage()->deviceIndependentSize(), QSizeF(expected));
+        QCOMPARE(result.editedImageURL(), std::optional<QUrl>(target));
+        QCOMPARE(QImageReader(target.toLocalFile()).size(), expected * ImageHelpers::screenScale());
+    }
+
+    void getResult_withoutOutputURL_writesANewFileInDocuments()
+    {
+        QuorvaneSdkImageEditorViewModel session(presetWith(QuorvaneSdkImageOutputFormat::jpg(90), {}, {}));
+        const QuorvaneSdkImageEditorResult result = session.getResult(session.image());
+        QVERIFY(result.editedImageURL());
+        const QFileInfo file(result.editedImageURL()->toLocalFile());
+        QCOMPARE(file.absolutePath(),
+                 QDir(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)).absolutePath());
+        QCOMPARE(file.suffix(), QStringLiteral("jpg"));
+        QCOMPARE(QImage(file.filePath()).size(), QSize(60, 40));
+    }
+
+    void getResult_whenSavingFails_stillReturnsTheImage()
+    {
+        const QUrl target = QUrl::fromLocalFile(m_dir.filePath(QStringLiteral("missing/folder/result.jpg")));
+        QuorvaneSdkImageEditorViewModel session(
+            presetWith(QuorvaneSdkImageOutputFormat::jpg(90), target, QSizeF(30, 20)));
+        LogRecorder log;
+
+        const QuorvaneSdkImageEditorResult result = session.getResult(session.image());
+
+        QVERIFY(result.editedImage());
+        QCOMPARE(result.editedImage()->deviceIndependentSize(), QSizeF(30, 20));
+        QVERIFY(!result.editedImageURL());
+        QCOMPARE(log.lines(), QStringList{QStringLiteral("ImageSaverImp: save image data to local failed")});
+    }
+
+    void resultFor_treatsNullAndUndefinedAsNoImage_data()
+    {
+        QTest::addColumn<QVariant>("image");
+        QTest::addColumn<bool>("hasImage");
+        QTest::newRow("undefined") << QVariant() << false;
+        QTest::newRow("null image") << QVariant::fromValue(QImage()) << false;
+        QTest::newRow("not an image") << QVariant(42) << false;
+        QTest::newRow("image") << QVariant::fromValue(quadrants(QSize(4, 4))) << true;
+    }
+
+    void resultFor_treatsNullAndUndefinedAsNoImage()
+    {
+        QFETCH(QVariant, image);
+        QFETCH(bool, hasImage);
+        const QUrl target = QUrl::fromLocalFile(m_dir.filePath(QStringLiteral("variant.png")));
+        QuorvaneSdkImageEditorViewModel session(presetWith(QuorvaneSdkImageOutputFormat::png(), target, {}));
+        QCOMPARE(session.resultFor(image).hasImage(), hasImage);
+    }
+
+    void presetChangesAfterStart_areIgnored()
+    {
+        QuorvaneSdkImageEditorViewModel session(presetWith(QuorvaneSdkImageOutputFormat::png(), {}, {}));
+        session.setPreset(QuorvaneSdkImageEditorPreset());
+        QVERIFY(session.hasImage());
+        QVERIFY(session.preset().hasImage());
+    }
+};
+
+QTEST_MAIN(tst_QuorvaneSdkImageEditorViewModel)
+#include "tst_QuorvaneSdkImageEditorViewModel.moc"

@@ -1,0 +1,153 @@
+#include "TestImages.h"
+
+#include <QBuffer>
+#include <QFile>
+#include <QImageWriter>
+#include <QtEndian>
+#include <zlib.h>
+
+namespace TestImages {
+
+QImage quadrants(QSize size)
+{
+    QImage image(size, QImage::Format_RGB32);
+    const int halfWidth = size.width() / 2;
+    const int halfHeight = size.height() / 2;
+    for (int y = 0; y < size.height(); ++y) {
+        for (int x = 0; x < size.width(); ++x) {
+            const bool right = x >= halfWidth;
+            const bool bottom = y >= halfHeight;
+            const QColor colour = !bottom ? (right ? Qt::green : Qt::red) : (right ? Qt::white : Qt::blue);
+            image.setPixelColor(x, y, colour);
+        }
+    }
+    return image;
+}
+
+QList<QColor> quarterColours(const QImage& image)
+{
+    const int w = image.width();
+    const int h = image.height();
+    return {image.pixelColor(w / 4, h / 4), image.pixelColor(3 * w / 4, h / 4), image.pixelColor(w / 4, 3 * h / 4),
+            image.pixelColor(3 * w / 4, 3 * h / 4)};
+}
+
+bool near(QColor a, QColor b, int tolerance)
+{
+    return std::abs(a.red() - b.red()) <= tolerance && std::abs(a.green() - b.green()) <= tolerance &&
+           std::abs(a.blue() - b.blue()) <= tolerance && std::abs(a.alpha() - b.alpha()) <= tolerance;
+}
+
+QByteArray encode(const QImage& image, const char* format, int quality)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    QImageWriter writer(&buffer, format);
+    writer.setQuality(quality);
+    writer.write(image);
+    return bytes;
+}
+
+QByteArray withExifOrientation(const QByteArray& jpeg, int orientation)
+{
+    // Big-endian TIFF header, one IFD with one SHORT entry: 0x0112 Orientation.
+    QByteArray tiff = QByteArray::fromHex("4d4d002a00000008"
+                                          "0001"
+                                          "011200030000000100");
+    tiff.append(char(orientation));
+    tiff.append(QByteArray::fromHex("0000"
+                                    "00000000"));
+    const QByteArray payload = QByteArray("Exif\0\0", 6) + tiff;
+    QByteArray segment = QByteArray::fromHex("ffe1");
+    const quint16 length = quint16(payload.size() + 2);
+    segment.append(char(length >> 8)).append(char(length & 0xFF)).append(payload);
+    return jpeg.left(2) + segment + jpeg.mid(2);
+}
+
+QImage displayed(const QImage& stored, int orientation)
+{
+    const int w = stored.width();
+    const int h = stored.height();
+    const bool swaps = orientation >= 5;
+    QImage out(swaps ? QSize(h, w) : QSize(w, h), stored.format());
+    for (int y = 0; y < h; ++y) {
+        for (int x = 0; x < w; ++x) {
+            QPoint to;
+            switch (orientation) {
+            case 1: to = {x, y}; break;
+            case 2: to = {w - 1 - x, y}; break;
+            case 3: to = {w - 1 - x, h - 1 - y}; break;
+            case 4: to = {x, h - 1 - y}; break;
+            case 5: to = {y, x}; break;
+            case 6: to = {h - 1 - y, x}; break;
+            case 7: to = {h - 1 - y, w - 1 - x}; break;
+            case 8: to = {y, w - 1 - x}; break;
+            }
+            out.setPixel(to, stored.pixel(x, y));
+        }
+    }
+    return out;
+}
+
+int inverseOrientation(int orientation)
+{
+    return orientation == 6 ? 8 : orientation == 8 ? 6 : orientation;
+}
+
+namespace {
+
+QByteArray chunk(const char* type, const QByteArray& data)
+{
+    QByteArray out(4, '\0');
+    qToBigEndian(quint32(data.size()), out.data());
+    const QByteArray body = QByteArray(type, 4) + data;
+    out.append(body);
+    QByteArray crc(4, '\0');
+    qToBigEndian(quint32(crc32(0, reinterpret_cast<const Bytef*>(body.constData()), uInt(body.size()))), crc.data());
+    return out + crc;
+}
+
+} // namespace
+
+QByteArray pngDeclaring(quint32 width, quint32 height)
+{
+    QByteArray header(13, '\0');
+    qToBigEndian(width, header.data());
+    qToBigEndian(height, header.data() + 4);
+    header[8] = 8;
+    header[9] = 2;
+    QByteArray compressed(64, '\0');
+    uLongf size = uLongf(compressed.size());
+    const QByteArray row(8, '\0');
+    compress(reinterpret_cast<Bytef*>(compressed.data()), &size, reinterpret_cast<const Bytef*>(row.constData()),
+             uLong(row.size()));
+    compressed.resize(qsizetype(size));
+    return QByteArray("\x89PNG\r\n\x1a\n", 8) + chunk("IHDR", header) + chunk("IDAT", compressed) +
+           chunk("IEND", {});
+}
+
+QByteArray jpegDeclaring(quint16 width, quint16 height)
+{
+    QByteArray jpeg = encode(quadrants(QSize(16, 16)), "jpeg", 90);
+    const qsizetype frame = jpeg.indexOf(QByteArray::fromHex("ffc0"));
+    if (frame < 0)
+        return {};
+    // FFC0, length (2), precision (1), height (2), width (2).
+    qToBigEndian(height, jpeg.data() + frame + 5);
+    qToBigEndian(width, jpeg.data() + frame + 7);
+    return jpeg;
+}
+
+bool writeFile(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+QString photoPath()
+{
+    return QStringLiteral(QUORVANE_SOURCE_DIR "/examples/demo/assets/Dragonfly_by_Bolly.jpg");
+}
+
+} // namespace TestImages

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QByteArray>
+#include <QColor>
+#include <QImage>
+#include <QString>
+
+namespace TestImages {
+
+/// Red, green, blue and white quarters (top-left, top-right, bottom-left, bottom-right): every turn and
+/// mirror of it looks different.
+QImage quadrants(QSize size);
+
+/// The colours of the four quarters, sampled at their centres, in the order above.
+QList<QColor> quarterColours(const QImage& image);
+
+/// Whether two colours differ by at most \a tolerance in every channel.
+bool near(QColor a, QColor b, int tolerance);
+
+QByteArray encode(const QImage& image, const char* format, int quality = -1);
+
+/// \a jpeg with an EXIF block whose orientation tag is \a orientation (1-8).
+QByteArray withExifOrientation(const QByteArray& jpeg, int orientation);
+
+/// How a viewer shows a stored image tagged with EXIF \a orientation: a plain pixel-by-pixel reference.
+QImage displayed(const QImage& stored, int orientation);
+
+/// The orientation whose display undoes \a orientation's.
+int inverseOrientation(int orientation);
+
+/// A well-formed PNG header that declares \a width × \a height pixels but carries almost no data.
+QByteArray pngDeclaring(quint32 width, quint32 height);
+
+/// A small real JPEG whose frame header is patched to declare \a width × \a height pixels.
+QByteArray jpegDeclaring(quint16 width, quint16 height);
+
+/// Writes \a bytes to \a path; fails the calling test on error.
+bool writeFile(const QString& path, const QByteArray& bytes);
+
+/// The bundled real photograph (4224×3168 JPEG).
+QString photoPath();
+
+} // namespace TestImages

@@ -1,0 +1,153 @@
+#include "TestImages.h"
+
+#include <QDir>
+#include <QImageReader>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace TestImages;
+
+namespace {
+
+struct Run {
+    int exitCode = -1;
+    QString out;
+    QString err;
+};
+
+Run runTool(const QStringList& arguments, const QString& home)
+{
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("HOME"), home);
+    environment.insert(QStringLiteral("XDG_DOCUMENTS_DIR"), home + QStringLiteral("/Documents"));
+    process.setProcessEnvironment(environment);
+    process.start(qEnvironmentVariable("QUORVANE_TOOL"), arguments);
+    process.waitForFinished(120'000);
+    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+            QString::fromLocal8Bit(process.readAllStandardOutput()),
+            QString::fromLocal8Bit(process.readAllStandardError())};
+}
+
+} // namespace
+
+class tst_QuorvaneImageTool : public QObject
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_dir;
+
+    QString file(const QString& name) const { return m_dir.filePath(name); }
+
+private slots:
+    void initTestCase()
+    {
+        QVERIFY2(QFileInfo::exists(qEnvironmentVariable("QUORVANE_TOOL")), "QUORVANE_TOOL names the tool");
+        QVERIFY(writeFile(file(QStringLiteral("photo.png")), encode(quadrants(QSize(120, 80)), "png")));
+        QVERIFY(writeFile(file(QStringLiteral("text.jpg")), "not a picture"));
+        const QByteArray jpeg = encode(quadrants(QSize(120, 80)), "jpeg", 90);
+        QVERIFY(writeFile(file(QStringLiteral("cut.jpg")), jpeg.left(jpeg.size() - 100)));
+        QVERIFY(writeFile(file(QStringLiteral("huge.png")), pngDeclaring(30000, 30000)));
+    }
+
+    void edit_writesTheFileAndPrintsItsPath_data()
+    {
+        QTest::addColumn<QStringList>("options");
+        QTest::addColumn<QByteArray>("format");
+        QTest::addColumn<QSize>("size");
+        QTest::newRow("defaults") << QStringList{} << QByteArray("jpeg") << QSize(120, 80);
+        QTest::newRow("png") << QStringList{"--format", "png"} << QByteArray("png") << QSize(120, 80);
+        QTest::newRow("jpg quality") << QStringList{"--format", "jpg:40"} << QByteArray("jpeg") << QSize(120, 80);
+        QTest::newRow("resize") << QStringList{"--resize", "30x50"} << QByteArray("jpeg") << QSize(30, 50);
+        QTest::newRow("real photo") << QStringList{"--input", photoPath(), "--resize", "1056x792"}
+                                    << QByteArray("jpeg") << QSize(1056, 792);
+    }
+
+    void edit_writesTheFileAndPrintsItsPath()
+    {
+        QFETCH(QStringList, options);
+        QFETCH(QByteArray, format);
+        QFETCH(QSize, size);
+        QString input = file(QStringLiteral("photo.png"));
+        if (options.size() >= 2 && options.first() == u"--input") {
+            input = options[1];
+            options = options.mid(2);
+        }
+        const QString output = file(QStringLiteral("out-%1").arg(QTest::currentDataTag()).replace(u' ', u'-'));
+
+        const Run run = runTool(QStringList{"edit", input, "--output", output} + options, m_dir.path());
+
+        QVERIFY2(run.exitCode == 0, qPrintable(run.err));
+        QCOMPARE(run.out, output + u'\n');
+        QImageReader reader(output);
+        QCOMPARE(reader.format(), format);
+        QCOMPARE(reader.size(), size);
+        QVERIFY(run.err.contains(QStringLiteral("initialize image editor")));
+    }
+
+    void edit_withoutOutput_writesANewFileInDocuments()
+    {
+        const QString home = file(QStringLiteral("home"));
+        QDir().mkpath(home);
+        const Run run = runTool({"edit", file(QStringLiteral("photo.png")), "--format", "png"}, home);
+        QCOMPARE(run.exitCode, 0);
+        const QFileInfo written(run.out.trimmed());
+        QCOMPARE(written.absolutePath(), QDir(home + QStringLiteral("/Documents")).absolutePath());
+        QCOMPARE(written.suffix(), QStringLiteral("png"));
+        QVERIFY(written.exists());
+    }
+
+    void failures_exitWithTheirCodeAndWriteNothing_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<int>("exitCode");
+        QTest::addColumn<QString>("sentence");
+
+        const QString out = file(QStringLiteral("never.jpg"));
+        QTest::newRow("missing input") << QStringList{"edit", file("none.jpg"), "--output", out} << 1
+                                       << "does not exist";
+        QTest::newRow("not an image") << QStringList{"edit", file("text.jpg"), "--output", out} << 1
+                                      << "not an image";
+        QTest::newRow("truncated") << QStringList{"edit", file("cut.jpg"), "--output", out} << 1 << "truncated";
+        QTest::newRow("too many pixels") << QStringList{"edit", file("huge.png"), "--output", out} << 1
+                                         << "more than the limit";
+        QTest::newRow("output folder missing")
+            << QStringList{"edit", file("photo.png"), "--output", file("no/folder/never.jpg")} << 7
+            << "Cannot write the output file";
+        QTest::newRow("no command") << QStringList{} << 64 << "usage:";
+        QTest::newRow("other command") << QStringList{"crop", file("photo.png")} << 64 << "usage:";
+        QTest::newRow("no input") << QStringList{"edit"} << 64 << "INPUT is missing";
+        QTest::newRow("two inputs") << QStringList{"edit", file("photo.png"), file("photo.png")} << 64
+                                    << "one too many";
+        QTest::newRow("bad resize") << QStringList{"edit", file("photo.png"), "--resize", "0x10"} << 64
+                                    << "--resize";
+        QTest::newRow("resize without value") << QStringList{"edit", file("photo.png"), "--resize"} << 64
+                                              << "needs a value";
+        QTest::newRow("bad format") << QStringList{"edit", file("photo.png"), "--format", "gif"} << 64
+                                    << "--format";
+        QTest::newRow("quality above 100") << QStringList{"edit", file("photo.png"), "--format", "jpg:101"} << 64
+                                           << "--format";
+        QTest::newRow("unknown option") << QStringList{"edit", file("photo.png"), "--sharpen", "2"} << 64
+                                        << "Unknown option";
+    }
+
+    void failures_exitWithTheirCodeAndWriteNothing()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(int, exitCode);
+        QFETCH(QString, sentence);
+        const QStringList before = QDir(m_dir.path()).entryList(QDir::Files);
+
+        const Run run = runTool(arguments, m_dir.path());
+
+        QCOMPARE(run.exitCode, exitCode);
+        QVERIFY2(run.err.contains(sentence), qPrintable(run.err));
+        QVERIFY(run.out.isEmpty());
+        QCOMPARE(QDir(m_dir.path()).entryList(QDir::Files), before);
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_QuorvaneImageTool)
+#include "tst_QuorvaneImageTool.moc"
