@@ -14,7 +14,8 @@ Q_IMPORT_QML_PLUGIN(Quorvane_SdkImagePlugin)
 
 namespace {
 
-struct DemoOptions {
+struct DemoOptions
+{
     QString image;
     QString screenshot;
     bool takeScreenshot = false;
@@ -75,19 +76,22 @@ int main(int argc, char* argv[])
         return 1;
 
     if (options.takeScreenshot) {
-        QObject::connect(window, &QQuickWindow::frameSwapped, &app, [&] {
-            // The first frame may still be laying out; the next one is what a person sees.
-            QTimer::singleShot(100, &app, [&] {
-                const QString path = QFileInfo(options.screenshot).absoluteFilePath();
-                if (!window->grabWindow().save(path)) {
-                    std::fprintf(stderr, "Cannot write the screenshot %s.\n", qPrintable(path));
-                    app.exit(1);
-                    return;
-                }
-                std::printf("%s\n", qPrintable(path));
-                app.exit(0);
-            });
-        }, Qt::SingleShotConnection);
+        QObject::connect(
+            window, &QQuickWindow::frameSwapped, &app,
+            [&] {
+                // The first frame may still be laying out; the next one is what a person sees.
+                QTimer::singleShot(100, &app, [&] {
+                    const QString path = QFileInfo(options.screenshot).absoluteFilePath();
+                    if (!window->grabWindow().save(path)) {
+                        std::fprintf(stderr, "Cannot write the screenshot %s.\n", qPrintable(path));
+                        app.exit(1);
+                        return;
+                    }
+                    std::printf("%s\n", qPrintable(path));
+                    app.exit(0);
+                });
+            },
+            Qt::SingleShotConnection);
     }
     return app.exec();
 }

@@ -1,11 +1,10 @@
 #include "QuorvaneSdkImage.h"
 
-QuorvaneSdkImageEditorPreset QuorvaneSdkImage::presetFromImageUrl(const QUrl& imageURL,
-                                                                  const QuorvaneSdkImageOutputFormat& outputFormat,
-                                                                  const QUrl& outputURL,
-                                                                  const QSizeF& newSize) const
+QuorvaneSdkImageEditorPreset
+QuorvaneSdkImage::presetFromImageUrl(const QUrl& imageURL, const QuorvaneSdkImageOutputFormat& outputFormat,
+                                     const QUrl& outputURL, const QSizeF& newSize) const
 {
-    return QuorvaneSdkImageEditorPreset(
-        imageURL, outputFormat, outputURL.isEmpty() ? std::nullopt : std::optional<QUrl>(outputURL),
-        newSize.isEmpty() ? std::nullopt : std::optional<QSizeF>(newSize));
+    return QuorvaneSdkImageEditorPreset(imageURL, outputFormat,
+                                        outputURL.isEmpty() ? std::nullopt : std::optional<QUrl>(outputURL),
+                                        newSize.isEmpty() ? std::nullopt : std::optional<QSizeF>(newSize));
 }

@@ -11,13 +11,13 @@ QuorvaneSdkImageEditorPreset::QuorvaneSdkImageEditorPreset(const QImage& image,
     , m_outputFormat(outputFormat)
     , m_outputURL(std::move(outputURL))
     , m_newSize(newSize)
-{
-}
+{}
 
 QuorvaneSdkImageEditorPreset::QuorvaneSdkImageEditorPreset(const QUrl& imageURL,
                                                            QuorvaneSdkImageOutputFormat outputFormat,
                                                            std::optional<QUrl> outputURL,
-                                                           std::optional<QSizeF> newSize, qint64 maxImagePixels)
+                                                           std::optional<QSizeF> newSize,
+                                                           qint64 maxImagePixels)
     : m_outputFormat(outputFormat)
     , m_outputURL(std::move(outputURL))
     , m_newSize(newSize)

@@ -29,12 +29,11 @@ public:
 
     /// Loads the local file \a imageURL upright (EXIF orientation applied). A missing, unreadable, corrupt,
     /// truncated or over-large file leaves the image empty and says why in loadFailure().
-    explicit QuorvaneSdkImageEditorPreset(const QUrl& imageURL,
-                                          QuorvaneSdkImageOutputFormat outputFormat =
-                                              QuorvaneSdkImageOutputFormat::jpg(100),
-                                          std::optional<QUrl> outputURL = std::nullopt,
-                                          std::optional<QSizeF> newSize = std::nullopt,
-                                          qint64 maxImagePixels = kDefaultMaxImagePixels);
+    explicit QuorvaneSdkImageEditorPreset(
+        const QUrl& imageURL,
+        QuorvaneSdkImageOutputFormat outputFormat = QuorvaneSdkImageOutputFormat::jpg(100),
+        std::optional<QUrl> outputURL = std::nullopt, std::optional<QSizeF> newSize = std::nullopt,
+        qint64 maxImagePixels = kDefaultMaxImagePixels);
 
     const std::optional<QImage>& image() const { return m_image; }
     QuorvaneSdkImageOutputFormat outputFormat() const { return m_outputFormat; }

@@ -21,8 +21,7 @@ public:
     QuorvaneSdkImageEditorResult(std::optional<QImage> editedImage, std::optional<QUrl> editedImageURL)
         : m_editedImage(std::move(editedImage))
         , m_editedImageURL(std::move(editedImageURL))
-    {
-    }
+    {}
 
     const std::optional<QImage>& editedImage() const { return m_editedImage; }
     const std::optional<QUrl>& editedImageURL() const { return m_editedImageURL; }

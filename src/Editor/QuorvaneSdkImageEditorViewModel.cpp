@@ -10,8 +10,7 @@
 QuorvaneSdkImageEditorViewModel::QuorvaneSdkImageEditorViewModel(QObject* parent)
     : QObject(parent)
     , m_imageSaver(std::make_shared<ImageSaverImp>())
-{
-}
+{}
 
 QuorvaneSdkImageEditorViewModel::QuorvaneSdkImageEditorViewModel(QuorvaneSdkImageEditorPreset preset,
                                                                  std::shared_ptr<ImageSaver> imageSaver,

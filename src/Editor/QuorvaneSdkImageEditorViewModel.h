@@ -24,7 +24,8 @@ class QuorvaneSdkImageEditorViewModel : public QObject, public QQmlParserStatus
 public:
     explicit QuorvaneSdkImageEditorViewModel(QObject* parent = nullptr);
     QuorvaneSdkImageEditorViewModel(QuorvaneSdkImageEditorPreset preset,
-                                    std::shared_ptr<ImageSaver> imageSaver = nullptr, QObject* parent = nullptr);
+                                    std::shared_ptr<ImageSaver> imageSaver = nullptr,
+                                    QObject* parent = nullptr);
 
     const std::optional<QImage>& image() const { return m_image; }
     QImage imageOrNull() const { return m_image.value_or(QImage()); }

@@ -28,14 +28,14 @@ public:
     /// Meaningful for jpg only.
     int compressionQuality() const { return m_compressionQuality; }
 
-    friend bool operator==(const QuorvaneSdkImageOutputFormat&, const QuorvaneSdkImageOutputFormat&) = default;
+    friend bool operator==(const QuorvaneSdkImageOutputFormat&,
+                           const QuorvaneSdkImageOutputFormat&) = default;
 
 private:
     QuorvaneSdkImageOutputFormat(Kind kind, int compressionQuality)
         : m_kind(kind)
         , m_compressionQuality(compressionQuality)
-    {
-    }
+    {}
 
     Kind m_kind = Kind::jpg;
     int m_compressionQuality = 100;

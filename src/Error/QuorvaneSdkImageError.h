@@ -22,8 +22,7 @@ public:
 
     QuorvaneSdkImageError(Code code) noexcept // NOLINT(google-explicit-constructor): a case is an error
         : m_code(code)
-    {
-    }
+    {}
 
     Code code() const noexcept { return m_code; }
 

@@ -11,13 +11,12 @@ ImageLogger& ImageLogger::shared()
 ImageLogger::ImageLogger(const QString& versionResourcePath)
     : m_sdk(SharedQuorvaneSdkCommonKt::sdk_common())
     , m_moduleVersion(getModuleVersion(versionResourcePath))
-{
-}
+{}
 
 void ImageLogger::log(const QString& tag, const QString& message, SharedQuorvaneSdkLogSeverity severity)
 {
-    m_sdk.log().addLog(SharedQuorvaneSdkLog{tag, message, severity, SharedQuorvaneSdkLogModule::image,
-                                            m_moduleVersion});
+    m_sdk.log().addLog(
+        SharedQuorvaneSdkLog{tag, message, severity, SharedQuorvaneSdkLogModule::image, m_moduleVersion});
 }
 
 QString ImageLogger::parseModuleVersion(const QString& properties, const QString& fallback)

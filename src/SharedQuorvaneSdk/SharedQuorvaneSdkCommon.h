@@ -19,7 +19,8 @@ private:
     std::shared_ptr<SharedQuorvaneSdkLogService> current() const;
 
     mutable std::mutex m_mutex;
-    std::shared_ptr<SharedQuorvaneSdkLogService> m_service = std::make_shared<SharedQuorvaneSdkDefaultLogService>();
+    std::shared_ptr<SharedQuorvaneSdkLogService> m_service =
+        std::make_shared<SharedQuorvaneSdkDefaultLogService>();
 };
 
 /// The shared library's common object.
@@ -32,7 +33,8 @@ private:
     SharedQuorvaneSdkLogger m_log;
 };
 
-struct QUORVANE_SHARED_EXPORT SharedQuorvaneSdkCommonKt {
+struct QUORVANE_SHARED_EXPORT SharedQuorvaneSdkCommonKt
+{
     /// The process-wide common object, created on first use and never released.
     static SharedQuorvaneSdkCommon& sdk_common();
 };

@@ -12,7 +12,8 @@ QUORVANE_SHARED_EXPORT QString toString(SharedQuorvaneSdkLogSeverity severity);
 QUORVANE_SHARED_EXPORT QString toString(SharedQuorvaneSdkLogModule module);
 
 /// One log record of a Quorvane SDK module.
-struct QUORVANE_SHARED_EXPORT SharedQuorvaneSdkLog {
+struct QUORVANE_SHARED_EXPORT SharedQuorvaneSdkLog
+{
     QString tag;
     QString message;
     SharedQuorvaneSdkLogSeverity severity = SharedQuorvaneSdkLogSeverity::info;

@@ -33,8 +33,8 @@ private slots:
 
     void fromNullImage_hasNoImage()
     {
-        const QuorvaneSdkImageEditorPreset preset(QImage(), QuorvaneSdkImageOutputFormat::jpg(80), std::nullopt,
-                                                  std::nullopt);
+        const QuorvaneSdkImageEditorPreset preset(QImage(), QuorvaneSdkImageOutputFormat::jpg(80),
+                                                  std::nullopt, std::nullopt);
         QVERIFY(!preset.image());
     }
 
@@ -57,7 +57,8 @@ private slots:
         QTest::addColumn<QString>("reason");
         QTest::newRow("missing") << QUrl::fromLocalFile(m_dir.filePath(QStringLiteral("none.jpg")))
                                  << "does not exist";
-        QTest::newRow("remote") << QUrl(QStringLiteral("https://example.invalid/a.jpg")) << "not a local file";
+        QTest::newRow("remote") << QUrl(QStringLiteral("https://example.invalid/a.jpg"))
+                                << "not a local file";
     }
 
     void fromURL_thatCannotBeLoaded_hasNoImageAndSaysWhy()
@@ -73,8 +74,8 @@ private slots:
     {
         const QString path = m_dir.filePath(QStringLiteral("big.png"));
         QVERIFY(writeFile(path, encode(quadrants(QSize(100, 100)), "png")));
-        const QuorvaneSdkImageEditorPreset limited(QUrl::fromLocalFile(path), QuorvaneSdkImageOutputFormat::png(),
-                                                   std::nullopt, std::nullopt, 9999);
+        const QuorvaneSdkImageEditorPreset limited(
+            QUrl::fromLocalFile(path), QuorvaneSdkImageOutputFormat::png(), std::nullopt, std::nullopt, 9999);
         QVERIFY(!limited.image());
         QVERIFY(limited.loadFailure().contains(QStringLiteral("limit")));
     }

@@ -17,20 +17,22 @@ Q_IMPORT_QML_PLUGIN(Quorvane_SdkImagePlugin)
 namespace {
 
 // The public screen in a real window, as a host would show it.
-struct Screen {
+struct Screen
+{
     explicit Screen(const QuorvaneSdkImageEditorPreset& preset, QSize size = QSize(390, 844))
     {
         view.engine()->addImportPath(QStringLiteral("qrc:/qt/qml"));
         view.setInitialProperties({{QStringLiteral("preset"), QVariant::fromValue(preset)}});
         view.setResizeMode(QQuickView::SizeRootObjectToView);
         view.resize(size);
-        view.setSource(QUrl(QStringLiteral("qrc:/qt/qml/Quorvane/SdkImage/Editor/QuorvaneSdkImageEditorView.qml")));
+        view.setSource(
+            QUrl(QStringLiteral("qrc:/qt/qml/Quorvane/SdkImage/Editor/QuorvaneSdkImageEditorView.qml")));
         view.show();
         const QMetaObject* meta = view.rootObject() ? view.rootObject()->metaObject() : nullptr;
         if (meta)
             completions = std::make_unique<QSignalSpy>(
-                view.rootObject(), meta->method(meta->indexOfSignal(
-                                       QMetaObject::normalizedSignature("completion(QuorvaneSdkImageEditorResult)"))));
+                view.rootObject(), meta->method(meta->indexOfSignal(QMetaObject::normalizedSignature(
+                                       "completion(QuorvaneSdkImageEditorResult)"))));
     }
 
     QQuickItem* find(const char* objectName) const
@@ -66,7 +68,8 @@ private slots:
 
     void unloadableImage_showsTheAlert()
     {
-        Screen screen(QuorvaneSdkImageEditorPreset(QUrl::fromLocalFile(QStringLiteral("/no/such/photo.jpg"))));
+        Screen screen(
+            QuorvaneSdkImageEditorPreset(QUrl::fromLocalFile(QStringLiteral("/no/such/photo.jpg"))));
         QVERIFY(screen.view.rootObject());
         QVERIFY(QTest::qWaitForWindowExposed(&screen.view));
 
@@ -81,8 +84,8 @@ private slots:
 
     void accept_completesOnceWithAnEmptyResult()
     {
-        Screen screen(QuorvaneSdkImageEditorPreset(QImage(), QuorvaneSdkImageOutputFormat::png(), std::nullopt,
-                                                   std::nullopt));
+        Screen screen(QuorvaneSdkImageEditorPreset(QImage(), QuorvaneSdkImageOutputFormat::png(),
+                                                   std::nullopt, std::nullopt));
         QVERIFY(QTest::qWaitForWindowExposed(&screen.view));
         QVERIFY(screen.completions && screen.completions->isValid());
 
@@ -96,8 +99,8 @@ private slots:
 
     void tapOutsideTheAlert_doesNothing()
     {
-        Screen screen(QuorvaneSdkImageEditorPreset(QImage(), QuorvaneSdkImageOutputFormat::png(), std::nullopt,
-                                                   std::nullopt));
+        Screen screen(QuorvaneSdkImageEditorPreset(QImage(), QuorvaneSdkImageOutputFormat::png(),
+                                                   std::nullopt, std::nullopt));
         QVERIFY(QTest::qWaitForWindowExposed(&screen.view));
         QTest::mouseClick(&screen.view, Qt::LeftButton, {}, QPoint(20, 20));
         QCOMPARE(screen.completions->count(), 0);

@@ -34,7 +34,8 @@ private slots:
     void construction_logsOnceAndTakesThePresetsImage()
     {
         LogRecorder log;
-        const QuorvaneSdkImageEditorViewModel session(presetWith(QuorvaneSdkImageOutputFormat::png(), {}, {}));
+        const QuorvaneSdkImageEditorViewModel session(
+            presetWith(QuorvaneSdkImageOutputFormat::png(), {}, {}));
         QCOMPARE(log.lines(),
                  QStringList{QStringLiteral("QuorvaneSdkImageEditorViewModel: initialize image editor")});
         QCOMPARE(toString(log.records().first().severity), toString(SharedQuorvaneSdkLogSeverity::info));
@@ -72,7 +73,8 @@ private slots:
         QFETCH(std::optional<QSizeF>, newSize);
         QFETCH(QSize, expected);
         const QUrl target = QUrl::fromLocalFile(m_dir.filePath(QStringLiteral("result.png")));
-        QuorvaneSdkImageEditorViewModel session(presetWith(QuorvaneSdkImageOutputFormat::png(), target, newSize));
+        QuorvaneSdkImageEditorViewModel session(
+            presetWith(QuorvaneSdkImageOutputFormat::png(), target, newSize));
 
         const QuorvaneSdkImageEditorResult result = session.getResult(session.image());
 

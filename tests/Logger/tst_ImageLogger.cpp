@@ -14,18 +14,30 @@ private slots:
         QTest::addColumn<QString>("properties");
         QTest::addColumn<QString>("expected");
 
-        QTest::newRow("plain") << "version=1.4.2" << "1.4.2";
-        QTest::newRow("among other keys") << "name=shared\nversion=2.0\nbuild=7" << "2.0";
-        QTest::newRow("last match wins") << "version=1\nversion=2" << "2";
-        QTest::newRow("blank before key") << " version=1" << "fallback";
-        QTest::newRow("blanks around equals") << "version = 1" << "fallback";
-        QTest::newRow("two equals signs") << "version=1=2" << "fallback";
-        QTest::newRow("other key") << "versions=1" << "fallback";
-        QTest::newRow("key in capitals") << "VERSION=1" << "fallback";
-        QTest::newRow("no value") << "version=" << "fallback";
-        QTest::newRow("empty text") << "" << "fallback";
-        QTest::newRow("trailing newline") << "version=3.1\n" << "3.1";
-        QTest::newRow("valid line after an invalid one") << "version=1=2\nversion=5" << "5";
+        QTest::newRow("plain") << "version=1.4.2"
+                               << "1.4.2";
+        QTest::newRow("among other keys") << "name=shared\nversion=2.0\nbuild=7"
+                                          << "2.0";
+        QTest::newRow("last match wins") << "version=1\nversion=2"
+                                         << "2";
+        QTest::newRow("blank before key") << " version=1"
+                                          << "fallback";
+        QTest::newRow("blanks around equals") << "version = 1"
+                                              << "fallback";
+        QTest::newRow("two equals signs") << "version=1=2"
+                                          << "fallback";
+        QTest::newRow("other key") << "versions=1"
+                                   << "fallback";
+        QTest::newRow("key in capitals") << "VERSION=1"
+                                         << "fallback";
+        QTest::newRow("no value") << "version="
+                                  << "fallback";
+        QTest::newRow("empty text") << ""
+                                    << "fallback";
+        QTest::newRow("trailing newline") << "version=3.1\n"
+                                          << "3.1";
+        QTest::newRow("valid line after an invalid one") << "version=1=2\nversion=5"
+                                                         << "5";
     }
 
     void parseModuleVersion()

@@ -24,11 +24,12 @@ private slots:
         const QtMessageHandler previous = qInstallMessageHandler(captureMessages);
         SharedQuorvaneSdkCommonKt::sdk_common().log().addLog(
             {QStringLiteral("ImageSaverImp"), QStringLiteral("compress image failed"),
-             SharedQuorvaneSdkLogSeverity::error, SharedQuorvaneSdkLogModule::image, QStringLiteral("1.2.3")});
+             SharedQuorvaneSdkLogSeverity::error, SharedQuorvaneSdkLogModule::image,
+             QStringLiteral("1.2.3")});
         qInstallMessageHandler(previous);
 
-        QCOMPARE(captured,
-                 QStringList{QStringLiteral("quorvane.sdk|image 1.2.3 error ImageSaverImp: compress image failed")});
+        QCOMPARE(captured, QStringList{QStringLiteral(
+                               "quorvane.sdk|image 1.2.3 error ImageSaverImp: compress image failed")});
     }
 
     void installedService_receivesRecords_untilUninstalled()
@@ -37,13 +38,15 @@ private slots:
         const QtMessageHandler previous = qInstallMessageHandler(captureMessages);
         {
             LogRecorder recorder;
-            SharedQuorvaneSdkCommonKt::sdk_common().log().addLog({QStringLiteral("T"), QStringLiteral("m"), SharedQuorvaneSdkLogSeverity::info,
-                                                                  SharedQuorvaneSdkLogModule::image, QStringLiteral("1")});
+            SharedQuorvaneSdkCommonKt::sdk_common().log().addLog(
+                {QStringLiteral("T"), QStringLiteral("m"), SharedQuorvaneSdkLogSeverity::info,
+                 SharedQuorvaneSdkLogModule::image, QStringLiteral("1")});
             QCOMPARE(recorder.lines(), QStringList{QStringLiteral("T: m")});
             QVERIFY(captured.isEmpty());
         }
-        SharedQuorvaneSdkCommonKt::sdk_common().log().addLog({QStringLiteral("T"), QStringLiteral("after"), SharedQuorvaneSdkLogSeverity::info,
-                                                              SharedQuorvaneSdkLogModule::image, QStringLiteral("1")});
+        SharedQuorvaneSdkCommonKt::sdk_common().log().addLog(
+            {QStringLiteral("T"), QStringLiteral("after"), SharedQuorvaneSdkLogSeverity::info,
+             SharedQuorvaneSdkLogModule::image, QStringLiteral("1")});
         qInstallMessageHandler(previous);
 
         QCOMPARE(captured.size(), 1);

@@ -28,8 +28,8 @@ QList<QColor> quarterColours(const QImage& image)
 {
     const int w = image.width();
     const int h = image.height();
-    return {image.pixelColor(w / 4, h / 4), image.pixelColor(3 * w / 4, h / 4), image.pixelColor(w / 4, 3 * h / 4),
-            image.pixelColor(3 * w / 4, 3 * h / 4)};
+    return {image.pixelColor(w / 4, h / 4), image.pixelColor(3 * w / 4, h / 4),
+            image.pixelColor(w / 4, 3 * h / 4), image.pixelColor(3 * w / 4, 3 * h / 4)};
 }
 
 bool near(QColor a, QColor b, int tolerance)
@@ -75,14 +75,30 @@ QImage displayed(const QImage& stored, int orientation)
         for (int x = 0; x < w; ++x) {
             QPoint to;
             switch (orientation) {
-            case 1: to = {x, y}; break;
-            case 2: to = {w - 1 - x, y}; break;
-            case 3: to = {w - 1 - x, h - 1 - y}; break;
-            case 4: to = {x, h - 1 - y}; break;
-            case 5: to = {y, x}; break;
-            case 6: to = {h - 1 - y, x}; break;
-            case 7: to = {h - 1 - y, w - 1 - x}; break;
-            case 8: to = {y, w - 1 - x}; break;
+            case 1:
+                to = {x, y};
+                break;
+            case 2:
+                to = {w - 1 - x, y};
+                break;
+            case 3:
+                to = {w - 1 - x, h - 1 - y};
+                break;
+            case 4:
+                to = {x, h - 1 - y};
+                break;
+            case 5:
+                to = {y, x};
+                break;
+            case 6:
+                to = {h - 1 - y, x};
+                break;
+            case 7:
+                to = {h - 1 - y, w - 1 - x};
+                break;
+            case 8:
+                to = {y, w - 1 - x};
+                break;
             }
             out.setPixel(to, stored.pixel(x, y));
         }
@@ -104,7 +120,8 @@ QByteArray chunk(const char* type, const QByteArray& data)
     const QByteArray body = QByteArray(type, 4) + data;
     out.append(body);
     QByteArray crc(4, '\0');
-    qToBigEndian(quint32(crc32(0, reinterpret_cast<const Bytef*>(body.constData()), uInt(body.size()))), crc.data());
+    qToBigEndian(quint32(crc32(0, reinterpret_cast<const Bytef*>(body.constData()), uInt(body.size()))),
+                 crc.data());
     return out + crc;
 }
 
@@ -120,8 +137,8 @@ QByteArray pngDeclaring(quint32 width, quint32 height)
     QByteArray compressed(64, '\0');
     uLongf size = uLongf(compressed.size());
     const QByteArray row(8, '\0');
-    compress(reinterpret_cast<Bytef*>(compressed.data()), &size, reinterpret_cast<const Bytef*>(row.constData()),
-             uLong(row.size()));
+    compress(reinterpret_cast<Bytef*>(compressed.data()), &size,
+             reinterpret_cast<const Bytef*>(row.constData()), uLong(row.size()));
     compressed.resize(qsizetype(size));
     return QByteArray("\x89PNG\r\n\x1a\n", 8) + chunk("IHDR", header) + chunk("IDAT", compressed) +
            chunk("IEND", {});

@@ -10,7 +10,8 @@ using namespace TestImages;
 
 namespace {
 
-struct Run {
+struct Run
+{
     int exitCode = -1;
     QString out;
     QString err;
@@ -59,7 +60,8 @@ private slots:
         QTest::addColumn<QSize>("size");
         QTest::newRow("defaults") << QStringList{} << QByteArray("jpeg") << QSize(120, 80);
         QTest::newRow("png") << QStringList{"--format", "png"} << QByteArray("png") << QSize(120, 80);
-        QTest::newRow("jpg quality") << QStringList{"--format", "jpg:40"} << QByteArray("jpeg") << QSize(120, 80);
+        QTest::newRow("jpg quality") << QStringList{"--format", "jpg:40"} << QByteArray("jpeg")
+                                     << QSize(120, 80);
         QTest::newRow("resize") << QStringList{"--resize", "30x50"} << QByteArray("jpeg") << QSize(30, 50);
         QTest::newRow("real photo") << QStringList{"--input", photoPath(), "--resize", "1056x792"}
                                     << QByteArray("jpeg") << QSize(1056, 792);
@@ -75,7 +77,8 @@ private slots:
             input = options[1];
             options = options.mid(2);
         }
-        const QString output = file(QStringLiteral("out-%1").arg(QTest::currentDataTag()).replace(u' ', u'-'));
+        const QString output =
+            file(QStringLiteral("out-%1").arg(QTest::currentDataTag()).replace(u' ', u'-'));
 
         const Run run = runTool(QStringList{"edit", input, "--output", output} + options, m_dir.path());
 
@@ -106,13 +109,14 @@ private slots:
         QTest::addColumn<QString>("sentence");
 
         const QString out = file(QStringLiteral("never.jpg"));
-        QTest::newRow("missing input") << QStringList{"edit", file("none.jpg"), "--output", out} << 1
-                                       << "does not exist";
-        QTest::newRow("not an image") << QStringList{"edit", file("text.jpg"), "--output", out} << 1
-                                      << "not an image";
-        QTest::newRow("truncated") << QStringList{"edit", file("cut.jpg"), "--output", out} << 1 << "truncated";
-        QTest::newRow("too many pixels") << QStringList{"edit", file("huge.png"), "--output", out} << 1
-                                         << "more than the limit";
+        QTest::newRow("missing input")
+            << QStringList{"edit", file("none.jpg"), "--output", out} << 1 << "does not exist";
+        QTest::newRow("not an image")
+            << QStringList{"edit", file("text.jpg"), "--output", out} << 1 << "not an image";
+        QTest::newRow("truncated") << QStringList{"edit", file("cut.jpg"), "--output", out} << 1
+                                   << "truncated";
+        QTest::newRow("too many pixels")
+            << QStringList{"edit", file("huge.png"), "--output", out} << 1 << "more than the limit";
         QTest::newRow("output folder missing")
             << QStringList{"edit", file("photo.png"), "--output", file("no/folder/never.jpg")} << 7
             << "Cannot write the output file";
@@ -123,14 +127,14 @@ private slots:
                                     << "one too many";
         QTest::newRow("bad resize") << QStringList{"edit", file("photo.png"), "--resize", "0x10"} << 64
                                     << "--resize";
-        QTest::newRow("resize without value") << QStringList{"edit", file("photo.png"), "--resize"} << 64
-                                              << "needs a value";
+        QTest::newRow("resize without value")
+            << QStringList{"edit", file("photo.png"), "--resize"} << 64 << "needs a value";
         QTest::newRow("bad format") << QStringList{"edit", file("photo.png"), "--format", "gif"} << 64
                                     << "--format";
-        QTest::newRow("quality above 100") << QStringList{"edit", file("photo.png"), "--format", "jpg:101"} << 64
-                                           << "--format";
-        QTest::newRow("unknown option") << QStringList{"edit", file("photo.png"), "--sharpen", "2"} << 64
-                                        << "Unknown option";
+        QTest::newRow("quality above 100")
+            << QStringList{"edit", file("photo.png"), "--format", "jpg:101"} << 64 << "--format";
+        QTest::newRow("unknown option")
+            << QStringList{"edit", file("photo.png"), "--sharpen", "2"} << 64 << "Unknown option";
     }
 
     void failures_exitWithTheirCodeAndWriteNothing()

@@ -77,7 +77,8 @@ std::variant<EditOptions, UsageError> parseEditCommand(const QStringList& argume
         if (argument == u"--resize") {
             options.resize = parseSize(arguments[++i]);
             if (!options.resize)
-                return UsageError{QStringLiteral("--resize takes WIDTHxHEIGHT in whole points, e.g. 1200x800.")};
+                return UsageError{
+                    QStringLiteral("--resize takes WIDTHxHEIGHT in whole points, e.g. 1200x800.")};
         } else if (argument == u"--format") {
             const auto format = parseFormat(arguments[++i]);
             if (!format)
@@ -90,7 +91,8 @@ std::variant<EditOptions, UsageError> parseEditCommand(const QStringList& argume
         } else if (options.input.isEmpty()) {
             options.input = argument;
         } else {
-            return UsageError{QStringLiteral("Only one INPUT is taken; \"%1\" is one too many.").arg(argument)};
+            return UsageError{
+                QStringLiteral("Only one INPUT is taken; \"%1\" is one too many.").arg(argument)};
         }
     }
     if (options.input.isEmpty())
@@ -103,8 +105,9 @@ int runEditCommand(const EditOptions& options, QTextStream& out, QTextStream& er
     std::optional<QUrl> outputURL;
     if (options.output)
         outputURL = QUrl::fromLocalFile(QFileInfo(*options.output).absoluteFilePath());
-    const QuorvaneSdkImageEditorPreset preset(QUrl::fromLocalFile(QFileInfo(options.input).absoluteFilePath()),
-                                              options.format, outputURL, options.resize);
+    const QuorvaneSdkImageEditorPreset preset(
+        QUrl::fromLocalFile(QFileInfo(options.input).absoluteFilePath()), options.format, outputURL,
+        options.resize);
     if (!preset.hasImage()) {
         err << "Cannot load the input image: " << preset.loadFailure() << "\n";
         return QuorvaneSdkImageError::invalidFile;

@@ -10,14 +10,16 @@
 #include <variant>
 
 /// `quorvane-image edit INPUT [--resize WxH] [--format jpg[:QUALITY]|png] [--output PATH]`
-struct EditOptions {
+struct EditOptions
+{
     QString input;
     std::optional<QSizeF> resize;
     QuorvaneSdkImageOutputFormat format = QuorvaneSdkImageOutputFormat::jpg(100);
     std::optional<QString> output;
 };
 
-struct UsageError {
+struct UsageError
+{
     QString sentence;
 };
 

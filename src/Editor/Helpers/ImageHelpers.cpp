@@ -25,7 +25,8 @@ std::optional<QSize> pixelSizeFor(QSizeF points, qreal scale)
 
 qreal screenScale()
 {
-    if (!qGuiApp)
+    // Tools and tests may run with a plain QCoreApplication, which has no screens.
+    if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance()))
         return 1.0;
     const QScreen* screen = QGuiApplication::primaryScreen();
     return screen ? screen->devicePixelRatio() : 1.0;

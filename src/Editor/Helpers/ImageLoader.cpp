@@ -108,14 +108,16 @@ ImageLoadResult loadImageFile(const QString& path, qint64 maxPixels)
     reader.setAutoTransform(true);
     reader.setDecideFormatFromContent(true);
     if (!reader.canRead())
-        return {std::nullopt, sentence(path, QStringLiteral("is not an image in a format that can be read."))};
+        return {std::nullopt,
+                sentence(path, QStringLiteral("is not an image in a format that can be read."))};
 
     const QSize declared = reader.size();
     if (declared.isValid() && qint64(declared.width()) * declared.height() > maxPixels) {
-        return {std::nullopt, sentence(path, QStringLiteral("declares %1×%2 pixels, more than the limit of %3.")
-                                                 .arg(declared.width())
-                                                 .arg(declared.height())
-                                                 .arg(maxPixels))};
+        return {std::nullopt,
+                sentence(path, QStringLiteral("declares %1×%2 pixels, more than the limit of %3.")
+                                   .arg(declared.width())
+                                   .arg(declared.height())
+                                   .arg(maxPixels))};
     }
     // Guards the decoders whose header does not tell the size: 8 bytes a pixel covers 16-bit formats.
     const qint64 limitMiB = (maxPixels * 8) / (1024 * 1024) + 1;

@@ -5,7 +5,8 @@
 #include <QString>
 #include <optional>
 
-struct ImageLoadResult {
+struct ImageLoadResult
+{
     std::optional<QImage> image;
     /// One sentence saying why there is no image; empty on success.
     QString failure;

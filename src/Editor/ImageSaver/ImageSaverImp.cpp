@@ -19,7 +19,7 @@ const QString kTag = QStringLiteral("ImageSaverImp");
 QString fileExtension(const QuorvaneSdkImageOutputFormat& format)
 {
     return format.kind() == QuorvaneSdkImageOutputFormat::Kind::png ? QStringLiteral("png")
-                                                                     : QStringLiteral("jpg");
+                                                                    : QStringLiteral("jpg");
 }
 
 std::optional<QByteArray> encodeJpeg(const QImage& image, int compressionQuality)
@@ -65,8 +65,8 @@ QUrl ImageSaverImp::save(const QImage& image, const QuorvaneSdkImageOutputFormat
     return url;
 }
 
-std::optional<QByteArray> ImageSaverImp::getCompressImageData(const QImage& image,
-                                                              const QuorvaneSdkImageOutputFormat& outputFormat)
+std::optional<QByteArray>
+ImageSaverImp::getCompressImageData(const QImage& image, const QuorvaneSdkImageOutputFormat& outputFormat)
 {
     if (image.isNull())
         return std::nullopt;

@@ -17,7 +17,8 @@ constexpr uchar kFilterUp = 2;
 constexpr uchar kColourRgb = 2;
 constexpr uchar kColourRgba = 6;
 
-struct CompressorDeleter {
+struct CompressorDeleter
+{
     void operator()(libdeflate_compressor* c) const { libdeflate_free_compressor(c); }
 };
 

@@ -84,7 +84,10 @@ private slots:
             QVERIFY(near(colours[quarter], expected[quarter], 2));
     }
 
-    void redrawnAtScreenScale_ofNullImage_isEmpty() { QVERIFY(!ImageHelpers::redrawnAtScreenScale(QImage())); }
+    void redrawnAtScreenScale_ofNullImage_isEmpty()
+    {
+        QVERIFY(!ImageHelpers::redrawnAtScreenScale(QImage()));
+    }
 };
 
 QTEST_GUILESS_MAIN(tst_ImageHelpers)

@@ -36,8 +36,8 @@ private slots:
         QFETCH(int, orientation);
         const QImage upright = quadrants(QSize(64, 32));
         const QImage stored = displayed(upright, inverseOrientation(orientation));
-        const QString path =
-            write(QStringLiteral("oriented.jpg"), withExifOrientation(encode(stored, "jpeg", 100), orientation));
+        const QString path = write(QStringLiteral("oriented.jpg"),
+                                   withExifOrientation(encode(stored, "jpeg", 100), orientation));
 
         const ImageLoadResult loaded = loadImageFile(path, 1'000'000);
 
@@ -65,11 +65,11 @@ private slots:
             writer.write(image);
             return bytes;
         }() << QSize(40, 30);
-        QTest::newRow("jpeg with data after its end") << encode(image, "jpeg", 90) + QByteArray(500, 'x')
-                                                      << QSize(40, 30);
+        QTest::newRow("jpeg with data after its end")
+            << encode(image, "jpeg", 90) + QByteArray(500, 'x') << QSize(40, 30);
         QTest::newRow("png") << encode(image, "png") << QSize(40, 30);
-        QTest::newRow("png with alpha") << encode(image.convertToFormat(QImage::Format_ARGB32), "png")
-                                        << QSize(40, 30);
+        QTest::newRow("png with alpha")
+            << encode(image.convertToFormat(QImage::Format_ARGB32), "png") << QSize(40, 30);
         QTest::newRow("bmp") << encode(image, "bmp") << QSize(40, 30);
     }
 
@@ -105,8 +105,8 @@ private slots:
         QTest::newRow("jpeg cut in its headers") << jpeg.left(scan / 2) << "could not be decoded";
         QTest::newRow("jpeg cut in its scan") << jpeg.left(scan + 100) << "truncated";
         QTest::newRow("jpeg without its end marker") << jpeg.left(jpeg.size() - 2) << "truncated";
-        QTest::newRow("jpeg with garbage for a scan") << jpeg.left(scan + 20) + QByteArray(4000, '\xff')
-                                                      << "truncated";
+        QTest::newRow("jpeg with garbage for a scan")
+            << jpeg.left(scan + 20) + QByteArray(4000, '\xff') << "truncated";
         QTest::newRow("png cut short") << png.left(png.size() / 2) << "could not be decoded";
         QTest::newRow("png with a corrupt header") << [&] {
             QByteArray bytes = png;

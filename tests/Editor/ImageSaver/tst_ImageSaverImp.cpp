@@ -99,7 +99,8 @@ private slots:
 
         QVERIFY(first != second);
         const QRegularExpression uuidName(
-            QStringLiteral("^[0-9A-F]{8}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{12}\\.") + extension + u'$');
+            QStringLiteral("^[0-9A-F]{8}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{12}\\.") + extension +
+            u'$');
         for (const QUrl& url : {first, second}) {
             const QFileInfo file(url.toLocalFile());
             QVERIFY(file.exists());
@@ -145,15 +146,15 @@ private slots:
         QTest::addColumn<QString>("logLine");
 
         const QString missingFolder = QStringLiteral("no/such/folder/out.jpg");
-        QTest::newRow("folder missing") << quadrants(QSize(8, 8)) << missingFolder
-                                        << int(QuorvaneSdkImageError::unableToSaveCroppedImage)
-                                        << "ImageSaverImp: save image data to local failed";
-        QTest::newRow("destination is a folder") << quadrants(QSize(8, 8)) << QString()
-                                                 << int(QuorvaneSdkImageError::unableToSaveCroppedImage)
-                                                 << "ImageSaverImp: save image data to local failed";
-        QTest::newRow("nothing to encode") << QImage() << QStringLiteral("empty.jpg")
-                                           << int(QuorvaneSdkImageError::unableToCompressImage)
-                                           << "ImageSaverImp: compress image failed";
+        QTest::newRow("folder missing")
+            << quadrants(QSize(8, 8)) << missingFolder << int(QuorvaneSdkImageError::unableToSaveCroppedImage)
+            << "ImageSaverImp: save image data to local failed";
+        QTest::newRow("destination is a folder")
+            << quadrants(QSize(8, 8)) << QString() << int(QuorvaneSdkImageError::unableToSaveCroppedImage)
+            << "ImageSaverImp: save image data to local failed";
+        QTest::newRow("nothing to encode")
+            << QImage() << QStringLiteral("empty.jpg") << int(QuorvaneSdkImageError::unableToCompressImage)
+            << "ImageSaverImp: compress image failed";
     }
 
     void failures_throwAndLogOnce()
@@ -204,14 +205,15 @@ private slots:
         LogRecorder log;
         {
             const FileSizeLimit diskFullAfter(previous.size() + 1000);
-            QVERIFY_THROWS_EXCEPTION(QuorvaneSdkImageError,
-                                     m_saver.save(large, QuorvaneSdkImageOutputFormat::png(),
-                                                  QUrl::fromLocalFile(path)));
+            QVERIFY_THROWS_EXCEPTION(
+                QuorvaneSdkImageError,
+                m_saver.save(large, QuorvaneSdkImageOutputFormat::png(), QUrl::fromLocalFile(path)));
         }
         QFile kept(path);
         QVERIFY(kept.open(QIODevice::ReadOnly));
         QCOMPARE(kept.readAll(), previous);
-        QCOMPARE(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("kept.jpg")});
+        QCOMPARE(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden),
+                 QStringList{QStringLiteral("kept.jpg")});
         QCOMPARE(log.lines(), QStringList{QStringLiteral("ImageSaverImp: save image data to local failed")});
     }
 };

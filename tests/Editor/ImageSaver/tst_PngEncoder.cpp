@@ -35,8 +35,8 @@ private slots:
 
         const QSize size(97, 61);
         QTest::newRow("rgb32") << noise(size, QImage::Format_RGB32, true) << 2;
-        QTest::newRow("argb32 premultiplied, opaque") << noise(size, QImage::Format_ARGB32_Premultiplied, true)
-                                                      << 2;
+        QTest::newRow("argb32 premultiplied, opaque")
+            << noise(size, QImage::Format_ARGB32_Premultiplied, true) << 2;
         QTest::newRow("argb32, translucent") << noise(size, QImage::Format_ARGB32, false) << 6;
         QTest::newRow("argb32 premultiplied, translucent")
             << noise(size, QImage::Format_ARGB32_Premultiplied, false) << 6;
