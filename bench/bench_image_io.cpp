@@ -18,7 +18,8 @@ QString photoPath()
 
 QString outputPath(const char* name)
 {
-    return QDir(qEnvironmentVariable("QUORVANE_BENCH_OUT", QDir::tempPath())).filePath(QString::fromLatin1(name));
+    return QDir(qEnvironmentVariable("QUORVANE_BENCH_OUT", QDir::tempPath()))
+        .filePath(QString::fromLatin1(name));
 }
 
 // The image as the editor holds it: upright, redrawn non-opaque at the screen's scale.

@@ -5,5 +5,5 @@
 #include <optional>
 
 /// Lossless 8-bit PNG of \a image: RGB when every pixel is opaque, RGBA otherwise. Built for speed on
-/// photographs (one "up" filter, fast deflate); empty for a null image.
+/// photographs (one "up" filter, Huffman-only deflate); empty for a null image.
 std::optional<QByteArray> encodePng(const QImage& image);
