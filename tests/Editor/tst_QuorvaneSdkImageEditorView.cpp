@@ -1,9 +1,11 @@
 #include "Editor/Common/ImagePreview.h"
+#include "Editor/QuorvaneSdkImageEditorPresenter.h"
 #include "Editor/QuorvaneSdkImageEditorPreset.h"
 #include "Editor/QuorvaneSdkImageEditorResult.h"
 #include "LogRecorder.h"
 #include "TestImages.h"
 
+#include <QPointer>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickView>
@@ -131,6 +133,31 @@ private slots:
         QVERIFY(preview->previewPixelSize().width() <= windowSize.width());
         QCOMPARE(log.lines(),
                  QStringList{QStringLiteral("QuorvaneSdkImageEditorViewModel: initialize image editor")});
+    }
+
+    void presenter_closesItsWindowBeforeReportingOnce()
+    {
+        int calls = 0;
+        bool windowVisibleAtCompletion = true;
+        QPointer<QQuickView> view;
+        view = presentQuorvaneSdkImageEditorView(
+            QuorvaneSdkImageEditorPreset(QUrl::fromLocalFile(QStringLiteral("/no/such/photo.jpg"))),
+            [&](const QuorvaneSdkImageEditorResult& result) {
+                ++calls;
+                windowVisibleAtCompletion = view && view->isVisible();
+                QVERIFY(!result.hasImage());
+            });
+        QVERIFY(view);
+        QVERIFY(QTest::qWaitForWindowExposed(view));
+        auto* accept = view->rootObject()->findChild<QQuickItem*>(QStringLiteral("acceptButton"));
+        QVERIFY(accept);
+
+        const QPointF centre = accept->mapToScene(QPointF(accept->width() / 2, accept->height() / 2));
+        QTest::mouseClick(view, Qt::LeftButton, {}, centre.toPoint());
+
+        QCOMPARE(calls, 1);
+        QVERIFY(!windowVisibleAtCompletion);
+        QTRY_VERIFY(!view);
     }
 };
 
