@@ -38,6 +38,17 @@ bool near(QColor a, QColor b, int tolerance)
            std::abs(a.blue() - b.blue()) <= tolerance && std::abs(a.alpha() - b.alpha()) <= tolerance;
 }
 
+bool quartersMatch(const QImage& actual, const QImage& expected, int tolerance)
+{
+    const auto a = quarterColours(actual);
+    const auto b = quarterColours(expected);
+    for (qsizetype quarter = 0; quarter < a.size(); ++quarter) {
+        if (!near(a[quarter], b[quarter], tolerance))
+            return false;
+    }
+    return true;
+}
+
 QByteArray encode(const QImage& image, const char* format, int quality)
 {
     QByteArray bytes;

@@ -17,6 +17,9 @@ QList<QColor> quarterColours(const QImage& image);
 /// Whether two colours differ by at most \a tolerance in every channel.
 bool near(QColor a, QColor b, int tolerance);
 
+/// Whether the four quarters of \a actual have the colours of \a expected's, within \a tolerance.
+bool quartersMatch(const QImage& actual, const QImage& expected, int tolerance);
+
 QByteArray encode(const QImage& image, const char* format, int quality = -1);
 
 /// \a jpeg with an EXIF block whose orientation tag is \a orientation (1-8).

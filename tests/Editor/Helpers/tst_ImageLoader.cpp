@@ -43,10 +43,7 @@ private slots:
 
         QVERIFY2(loaded.image, qPrintable(loaded.failure));
         QCOMPARE(loaded.image->size(), upright.size());
-        const auto expected = quarterColours(upright);
-        const auto actual = quarterColours(*loaded.image);
-        for (int quarter = 0; quarter < 4; ++quarter)
-            QVERIFY2(near(actual[quarter], expected[quarter], 8), qPrintable(QString::number(quarter)));
+        QVERIFY(quartersMatch(*loaded.image, upright, 8));
     }
 
     void wholeFiles_load_data()
