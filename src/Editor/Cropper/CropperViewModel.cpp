@@ -1,0 +1,367 @@
+#include "CropperViewModel.h"
+
+#include "Editor/Common/BrandColor.h"
+#include "Error/QuorvaneSdkImageError.h"
+
+#include <QPointer>
+#include <cmath>
+
+namespace {
+
+qreal aspectRatio(QSizeF size)
+{
+    return size.width() / size.height();
+}
+
+template <typename T, typename Signal>
+void assign(CropperViewModel* model, T& field, const T& value, Signal changed)
+{
+    if (field == value)
+        return;
+    field = value;
+    emit(model->*changed)();
+}
+
+qint64 truncatedPoints(double value)
+{
+    constexpr double kLimit = 9223372036854775808.0;
+    if (!std::isfinite(value) || value <= -kLimit || value >= kLimit)
+        qFatal("CropperViewModel: crop extent %f is not a finite 64-bit number of points", value);
+    return qint64(value);
+}
+
+} // namespace
+
+CropperViewModel::CropperViewModel(QImage image, ImageCropper& cropper, QObject* parent)
+    : QObject(parent)
+    , m_currentImage(std::move(image))
+    , m_cropper(cropper)
+    , m_flipHorizontallyButtonColor(BrandColor::gray())
+    , m_flipVericallyButtonColor(BrandColor::gray())
+{}
+
+QPointF CropperViewModel::centerCropPosition() const
+{
+    return {(leadingCropPosition() + trailingCropPosition()) / 2,
+            (topCropPosition() + bottomCropPosition()) / 2};
+}
+
+void CropperViewModel::setupCropperLayout(QSizeF availableSize)
+{
+    const qreal s = aspectRatio(availableSize);
+    const qreal r = aspectRatio(m_currentImage.deviceIndependentSize());
+    const qreal q = 1.0 / r;
+    m_portraitSize = r < s ? QSizeF(availableSize.height() * r, availableSize.height())
+                           : QSizeF(availableSize.width(), availableSize.width() / r);
+    // The frame of the image turned a quarter, stated in the image's own axes.
+    m_landscapeSize = q < s ? QSizeF(availableSize.height(), availableSize.height() * q)
+                            : QSizeF(availableSize.width() / q, availableSize.width());
+    m_availableScreenSize = availableSize;
+    // A layout while turned a quarter keeps the turned frame; the bands follow the new frame.
+    setImageFrameSize(m_rotationAngle.isPortrait() ? m_portraitSize : m_landscapeSize);
+    assign(this, m_isCropperSetup, true, &CropperViewModel::isCropperSetupChanged);
+}
+
+CropperViewModel::CropEdge CropperViewModel::getCropEdge(QPointF p) const
+{
+    const auto near = [](qreal a, qreal b) { return std::abs(a - b) <= kHandleRadius; };
+    const QPointF centre = centerCropPosition();
+    if (near(p.y(), centre.y()) && near(p.x(), centre.x()))
+        return CropEdge::center;
+    if (near(p.y(), topCropPosition())) {
+        if (near(p.x(), leadingCropPosition()))
+            return CropEdge::topLeading;
+        if (near(p.x(), trailingCropPosition()))
+            return CropEdge::topTrailing;
+        return CropEdge::top;
+    }
+    if (near(p.y(), bottomCropPosition())) {
+        if (near(p.x(), leadingCropPosition()))
+            return CropEdge::bottomLeading;
+        if (near(p.x(), trailingCropPosition()))
+            return CropEdge::bottomTrailing;
+        return CropEdge::bottom;
+    }
+    if (near(p.x(), leadingCropPosition()))
+        return CropEdge::leading;
+    if (near(p.x(), trailingCropPosition()))
+        return CropEdge::trailing;
+    return CropEdge::none;
+}
+
+bool CropperViewModel::isValidLocation(QPointF p) const
+{
+    if (!(p.x() > 0) || !(p.y() > 0))
+        return false;
+    const QSizeF frame = m_rotationAngle.isPortrait() ? m_portraitSize : m_landscapeSize;
+    return p.x() < frame.width() && p.y() < frame.height();
+}
+
+void CropperViewModel::handleDragging(QPointF p)
+{
+    if (!isValidLocation(p))
+        return;
+    saveCurrentImageVersionIfNeeded();
+    updateCropBackgroundIfNeeded();
+    switch (getCropEdge(p)) {
+    case CropEdge::top:
+        updateTopCropPosition(p.y());
+        break;
+    case CropEdge::bottom:
+        updateBottomCropPosition(p.y());
+        break;
+    case CropEdge::leading:
+        updateLeadingCropPosition(p.x());
+        break;
+    case CropEdge::trailing:
+        updateTrailingCropPosition(p.x());
+        break;
+    case CropEdge::topLeading:
+        updateTopCropPosition(p.y());
+        updateLeadingCropPosition(p.x());
+        break;
+    case CropEdge::topTrailing:
+        updateTopCropPosition(p.y());
+        updateTrailingCropPosition(p.x());
+        break;
+    case CropEdge::bottomLeading:
+        updateBottomCropPosition(p.y());
+        updateLeadingCropPosition(p.x());
+        break;
+    case CropEdge::bottomTrailing:
+        updateBottomCropPosition(p.y());
+        updateTrailingCropPosition(p.x());
+        break;
+    case CropEdge::center:
+        moveCenter(p);
+        break;
+    case CropEdge::none:
+        break;
+    }
+}
+
+// Only the bottom and trailing updates check the frame's far border; the near borders are guarded by
+// isValidLocation. The asymmetry is deliberate.
+void CropperViewModel::updateTopCropPosition(qreal y)
+{
+    if (bottomCropPosition() - y <= m_minimumCropEdgesSeparation)
+        return;
+    setTopCropFactor(y / m_imageFrameSize.height());
+}
+
+void CropperViewModel::updateBottomCropPosition(qreal y)
+{
+    if (!(y - topCropPosition() > m_minimumCropEdgesSeparation) || !(m_imageFrameSize.height() - y >= 0))
+        return;
+    setBottomCropFactor(y / m_imageFrameSize.height());
+}
+
+void CropperViewModel::updateLeadingCropPosition(qreal x)
+{
+    if (trailingCropPosition() - x <= m_minimumCropEdgesSeparation)
+        return;
+    setLeadingCropFactor(x / m_imageFrameSize.width());
+}
+
+void CropperViewModel::updateTrailingCropPosition(qreal x)
+{
+    if (!(x - leadingCropPosition() > m_minimumCropEdgesSeparation) || !(m_imageFrameSize.width() - x >= 0))
+        return;
+    setTrailingCropFactor(x / m_imageFrameSize.width());
+}
+
+void CropperViewModel::moveCenter(QPointF p)
+{
+    const QPointF d = centerCropPosition() - p;
+    const qreal top = topCropPosition() - d.y();
+    const qreal bottom = bottomCropPosition() - d.y();
+    const qreal leading = leadingCropPosition() - d.x();
+    const qreal trailing = trailingCropPosition() - d.x();
+    // A move that would cross the frame is dropped whole: the rectangle never slides along a border.
+    if (!(top >= 0) || !(bottom <= m_imageFrameSize.height()) || !(leading >= 0) ||
+        !(trailing <= m_imageFrameSize.width()))
+        return;
+    updateTopCropPosition(top);
+    updateBottomCropPosition(bottom);
+    updateLeadingCropPosition(leading);
+    updateTrailingCropPosition(trailing);
+}
+
+std::optional<QImage> CropperViewModel::cropImage()
+{
+    const QSizeF size = m_currentImage.deviceIndependentSize();
+    const QuorvaneSdkImageCropInput input(
+        m_currentImage, truncatedPoints(m_leadingCropFactor * size.width()),
+        truncatedPoints(m_topCropFactor * size.height()),
+        truncatedPoints((m_trailingCropFactor - m_leadingCropFactor) * size.width()),
+        truncatedPoints((m_bottomCropFactor - m_topCropFactor) * size.height()), m_rotationAngle,
+        m_flipHorizontally, m_flipVertically);
+    assign(this, m_isCroppingInProgress, true, &CropperViewModel::isCroppingInProgressChanged);
+    std::optional<QImage> result;
+    try {
+        result = m_cropper.crop(input);
+    } catch (const QuorvaneSdkImageError&) {
+        // The service has logged it; the page stays open with nothing cropped.
+    }
+    assign(this, m_isCroppingInProgress, false, &CropperViewModel::isCroppingInProgressChanged);
+    return result;
+}
+
+void CropperViewModel::rotateLeft(bool trackAction)
+{
+    setRotationAngle(m_rotationAngle + Angle::degrees(-90));
+    if (trackAction)
+        track([](CropperViewModel& model) { model.rotateRight(false); });
+}
+
+void CropperViewModel::rotateRight(bool trackAction)
+{
+    setRotationAngle(m_rotationAngle + Angle::degrees(90));
+    if (trackAction)
+        track([](CropperViewModel& model) { model.rotateLeft(false); });
+}
+
+void CropperViewModel::flipHorizontally(bool trackAction)
+{
+    if (m_rotationAngle.isPortrait())
+        setFlips(!m_flipHorizontally, m_flipVertically);
+    else
+        setFlips(m_flipHorizontally, !m_flipVertically);
+    if (trackAction)
+        track([](CropperViewModel& model) { model.flipHorizontally(false); });
+}
+
+void CropperViewModel::flipVertically(bool trackAction)
+{
+    if (m_rotationAngle.isPortrait())
+        setFlips(m_flipHorizontally, !m_flipVertically);
+    else
+        setFlips(!m_flipHorizontally, m_flipVertically);
+    if (trackAction)
+        track([](CropperViewModel& model) { model.flipVertically(false); });
+}
+
+void CropperViewModel::undoLastAction()
+{
+    if (m_trackedActions.isEmpty())
+        return;
+    const TrackedAction last = m_trackedActions.takeLast();
+    last.undo();
+    emit trackedActionsChanged();
+}
+
+void CropperViewModel::saveCurrentImageVersionIfNeeded()
+{
+    if (m_isMovingCropper)
+        return;
+    m_isMovingCropper = true;
+    const qreal top = m_topCropFactor;
+    const qreal bottom = m_bottomCropFactor;
+    const qreal leading = m_leadingCropFactor;
+    const qreal trailing = m_trailingCropFactor;
+    const QSizeF frame = m_imageFrameSize;
+    const Angle rotation = m_rotationAngle;
+    const bool horizontally = m_flipHorizontally;
+    const bool vertically = m_flipVertically;
+    track([=](CropperViewModel& model) {
+        model.setTopCropFactor(top);
+        model.setBottomCropFactor(bottom);
+        model.setLeadingCropFactor(leading);
+        model.setTrailingCropFactor(trailing);
+        model.setImageFrameSize(frame);
+        model.setRotationAngle(rotation);
+        model.setFlips(horizontally, vertically);
+    });
+}
+
+void CropperViewModel::updateCropBackgroundIfNeeded()
+{
+    if (m_cropBorderColor == QColor(Qt::white))
+        setCropBorderColor(Qt::yellow);
+}
+
+void CropperViewModel::finishCropping()
+{
+    m_isMovingCropper = false;
+    setCropBorderColor(Qt::white);
+}
+
+void CropperViewModel::setTopCropFactor(qreal factor)
+{
+    m_topCropFactor = factor;
+    assign(this, m_topCropHeight, m_imageFrameSize.height() * factor,
+           &CropperViewModel::topCropHeightChanged);
+}
+
+void CropperViewModel::setBottomCropFactor(qreal factor)
+{
+    m_bottomCropFactor = factor;
+    assign(this, m_bottomCropHeight, m_imageFrameSize.height() * (1 - factor),
+           &CropperViewModel::bottomCropHeightChanged);
+}
+
+void CropperViewModel::setLeadingCropFactor(qreal factor)
+{
+    m_leadingCropFactor = factor;
+    assign(this, m_leadingCropWidth, m_imageFrameSize.width() * factor,
+           &CropperViewModel::leadingCropWidthChanged);
+}
+
+void CropperViewModel::setTrailingCropFactor(qreal factor)
+{
+    m_trailingCropFactor = factor;
+    assign(this, m_trailingCropWidth, m_imageFrameSize.width() * (1 - factor),
+           &CropperViewModel::trailingCropWidthChanged);
+}
+
+void CropperViewModel::setImageFrameSize(QSizeF size)
+{
+    assign(this, m_imageFrameSize, size, &CropperViewModel::imageFrameSizeChanged);
+    recomputeBands();
+}
+
+void CropperViewModel::recomputeBands()
+{
+    setTopCropFactor(m_topCropFactor);
+    setBottomCropFactor(m_bottomCropFactor);
+    setLeadingCropFactor(m_leadingCropFactor);
+    setTrailingCropFactor(m_trailingCropFactor);
+}
+
+void CropperViewModel::setRotationAngle(Angle angle)
+{
+    assign(this, m_rotationAngle, angle, &CropperViewModel::rotationAngleChanged);
+    // The rectangle keeps its place on the image, not on the screen: same factors, turned frame.
+    setImageFrameSize(angle.isPortrait() ? m_portraitSize : m_landscapeSize);
+    setFlips(m_flipHorizontally, m_flipVertically);
+}
+
+void CropperViewModel::setFlips(bool horizontally, bool vertically)
+{
+    assign(this, m_flipHorizontally, horizontally, &CropperViewModel::flipHorizontallyChanged);
+    assign(this, m_flipVertically, vertically, &CropperViewModel::flipVerticallyChanged);
+    // Each button shows whether the picture is mirrored along its own screen axis.
+    const bool portrait = m_rotationAngle.isPortrait();
+    const bool mirroredLeftRight = portrait ? horizontally : vertically;
+    const bool mirroredTopBottom = portrait ? vertically : horizontally;
+    assign(this, m_flipHorizontallyButtonColor, mirroredLeftRight ? BrandColor::ambar() : BrandColor::gray(),
+           &CropperViewModel::flipHorizontallyButtonColorChanged);
+    assign(this, m_flipVericallyButtonColor, mirroredTopBottom ? BrandColor::ambar() : BrandColor::gray(),
+           &CropperViewModel::flipVericallyButtonColorChanged);
+}
+
+void CropperViewModel::setCropBorderColor(const QColor& color)
+{
+    assign(this, m_cropBorderColor, color, &CropperViewModel::cropBorderColorChanged);
+}
+
+void CropperViewModel::track(std::function<void(CropperViewModel&)> undo)
+{
+    // The model may be gone when an undo runs; then the undo does nothing.
+    QPointer<CropperViewModel> self(this);
+    m_trackedActions.append(TrackedAction{[self, undo = std::move(undo)] {
+        if (self)
+            undo(*self);
+    }});
+    emit trackedActionsChanged();
+}

@@ -1,0 +1,169 @@
+#pragma once
+
+#include "Editor/Helpers/Angle.h"
+#include "ImageCropper.h"
+#include "TrackedAction.h"
+
+#include <QColor>
+#include <QImage>
+#include <QList>
+#include <QObject>
+#include <QPointF>
+#include <QSizeF>
+#include <QtQml/qqmlregistration.h>
+#include <optional>
+
+/// The crop screen's state: the displayed frame, the crop rectangle (four fractions of the frame), the turn
+/// and flips, and the undo list. Lengths are in points of the screen.
+class CropperViewModel : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("The editor creates the crop page's model.")
+    Q_PROPERTY(QImage currentImage READ currentImage CONSTANT)
+    Q_PROPERTY(QSizeF imageFrameSize READ imageFrameSize NOTIFY imageFrameSizeChanged)
+    Q_PROPERTY(qreal topCropHeight READ topCropHeight NOTIFY topCropHeightChanged)
+    Q_PROPERTY(qreal bottomCropHeight READ bottomCropHeight NOTIFY bottomCropHeightChanged)
+    Q_PROPERTY(qreal leadingCropWidth READ leadingCropWidth NOTIFY leadingCropWidthChanged)
+    Q_PROPERTY(qreal trailingCropWidth READ trailingCropWidth NOTIFY trailingCropWidthChanged)
+    Q_PROPERTY(QColor cropBorderColor READ cropBorderColor NOTIFY cropBorderColorChanged)
+    Q_PROPERTY(bool isCropperSetup READ isCropperSetup NOTIFY isCropperSetupChanged)
+    Q_PROPERTY(int trackedActionCount READ trackedActionCount NOTIFY trackedActionsChanged)
+    /// Degrees, accumulated without normalising (−90, −180, ... after repeated left turns).
+    Q_PROPERTY(qreal rotationAngle READ rotationDegrees NOTIFY rotationAngleChanged)
+    Q_PROPERTY(bool flipHorizontally READ flipHorizontally NOTIFY flipHorizontallyChanged)
+    Q_PROPERTY(bool flipVertically READ flipVertically NOTIFY flipVerticallyChanged)
+    Q_PROPERTY(QColor flipHorizontallyButtonColor READ flipHorizontallyButtonColor NOTIFY
+                   flipHorizontallyButtonColorChanged)
+    Q_PROPERTY(
+        QColor flipVericallyButtonColor READ flipVericallyButtonColor NOTIFY flipVericallyButtonColorChanged)
+    Q_PROPERTY(bool isCroppingInProgress READ isCroppingInProgress NOTIFY isCroppingInProgressChanged)
+
+public:
+    /// The handle a touch grabs.
+    enum class CropEdge {
+        top,
+        topLeading,
+        topTrailing,
+        leading,
+        trailing,
+        bottomLeading,
+        bottomTrailing,
+        bottom,
+        center,
+        none
+    };
+    Q_ENUM(CropEdge)
+
+    static constexpr qreal kHandleRadius = 20.0;
+
+    /// \a cropper must outlive the model.
+    CropperViewModel(QImage image, ImageCropper& cropper, QObject* parent = nullptr);
+
+    QImage currentImage() const { return m_currentImage; }
+    QSizeF imageFrameSize() const { return m_imageFrameSize; }
+    qreal topCropHeight() const { return m_topCropHeight; }
+    qreal bottomCropHeight() const { return m_bottomCropHeight; }
+    qreal leadingCropWidth() const { return m_leadingCropWidth; }
+    qreal trailingCropWidth() const { return m_trailingCropWidth; }
+    QColor cropBorderColor() const { return m_cropBorderColor; }
+    bool isCropperSetup() const { return m_isCropperSetup; }
+    const QList<TrackedAction>& trackedActions() const { return m_trackedActions; }
+    int trackedActionCount() const { return int(m_trackedActions.size()); }
+    Angle rotationAngle() const { return m_rotationAngle; }
+    qreal rotationDegrees() const { return m_rotationAngle.degrees(); }
+    bool flipHorizontally() const { return m_flipHorizontally; }
+    bool flipVertically() const { return m_flipVertically; }
+    QColor flipHorizontallyButtonColor() const { return m_flipHorizontallyButtonColor; }
+    QColor flipVericallyButtonColor() const { return m_flipVericallyButtonColor; }
+    bool isCroppingInProgress() const { return m_isCroppingInProgress; }
+
+    qreal topCropPosition() const { return m_imageFrameSize.height() * m_topCropFactor; }
+    qreal bottomCropPosition() const { return m_imageFrameSize.height() * m_bottomCropFactor; }
+    qreal leadingCropPosition() const { return m_imageFrameSize.width() * m_leadingCropFactor; }
+    qreal trailingCropPosition() const { return m_imageFrameSize.width() * m_trailingCropFactor; }
+    QPointF centerCropPosition() const;
+
+    /// Fits the frame into \a availableSize, the space the screen offers the image.
+    Q_INVOKABLE void setupCropperLayout(QSizeF availableSize);
+    /// One change of a drag over the frame, at \a location in the frame's coordinates.
+    Q_INVOKABLE void handleDragging(QPointF location);
+    /// The end of a drag.
+    Q_INVOKABLE void finishCropping();
+    /// Which handle a touch at \a location grabs: the centre first, then top, bottom, leading, trailing.
+    CropEdge getCropEdge(QPointF location) const;
+
+    /// The crop of the current frame, turn and flips; empty when the cropping service fails.
+    std::optional<QImage> cropImage();
+
+    void rotateLeft(bool trackAction);
+    void rotateRight(bool trackAction);
+    /// Mirrors left to right as seen on screen: at a quarter turn that is the image's vertical flip.
+    void flipHorizontally(bool trackAction);
+    /// Mirrors top to bottom as seen on screen.
+    void flipVertically(bool trackAction);
+    Q_INVOKABLE void undoLastAction();
+
+signals:
+    void imageFrameSizeChanged();
+    void topCropHeightChanged();
+    void bottomCropHeightChanged();
+    void leadingCropWidthChanged();
+    void trailingCropWidthChanged();
+    void cropBorderColorChanged();
+    void isCropperSetupChanged();
+    void trackedActionsChanged();
+    void rotationAngleChanged();
+    void flipHorizontallyChanged();
+    void flipVerticallyChanged();
+    void flipHorizontallyButtonColorChanged();
+    void flipVericallyButtonColorChanged();
+    void isCroppingInProgressChanged();
+
+private:
+    bool isValidLocation(QPointF location) const;
+    void updateTopCropPosition(qreal y);
+    void updateBottomCropPosition(qreal y);
+    void updateLeadingCropPosition(qreal x);
+    void updateTrailingCropPosition(qreal x);
+    void moveCenter(QPointF location);
+    void saveCurrentImageVersionIfNeeded();
+    void updateCropBackgroundIfNeeded();
+
+    void setTopCropFactor(qreal factor);
+    void setBottomCropFactor(qreal factor);
+    void setLeadingCropFactor(qreal factor);
+    void setTrailingCropFactor(qreal factor);
+    void setImageFrameSize(QSizeF size);
+    void recomputeBands();
+    void setRotationAngle(Angle angle);
+    void setFlips(bool horizontally, bool vertically);
+    void setCropBorderColor(const QColor& color);
+    void track(std::function<void(CropperViewModel&)> undo);
+
+    QImage m_currentImage;
+    ImageCropper& m_cropper;
+    QSizeF m_imageFrameSize;
+    qreal m_topCropHeight = 0;
+    qreal m_bottomCropHeight = 0;
+    qreal m_leadingCropWidth = 0;
+    qreal m_trailingCropWidth = 0;
+    qreal m_topCropFactor = 0.0;
+    qreal m_bottomCropFactor = 1.0;
+    qreal m_leadingCropFactor = 0.0;
+    qreal m_trailingCropFactor = 1.0;
+    QColor m_cropBorderColor = Qt::white;
+    qreal m_minimumCropEdgesSeparation = 80.0;
+    QSizeF m_availableScreenSize;
+    QSizeF m_portraitSize;
+    QSizeF m_landscapeSize;
+    bool m_isCropperSetup = false;
+    bool m_isMovingCropper = false;
+    QList<TrackedAction> m_trackedActions;
+    Angle m_rotationAngle;
+    bool m_flipHorizontally = false;
+    bool m_flipVertically = false;
+    QColor m_flipHorizontallyButtonColor;
+    QColor m_flipVericallyButtonColor;
+    bool m_isCroppingInProgress = false;
+};
