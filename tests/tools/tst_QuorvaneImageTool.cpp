@@ -65,6 +65,15 @@ private slots:
         QTest::newRow("resize") << QStringList{"--resize", "30x50"} << QByteArray("jpeg") << QSize(30, 50);
         QTest::newRow("real photo") << QStringList{"--input", photoPath(), "--resize", "1056x792"}
                                     << QByteArray("jpeg") << QSize(1056, 792);
+        QTest::newRow("crop") << QStringList{"--crop", "10,20,50,40"} << QByteArray("jpeg") << QSize(50, 40);
+        QTest::newRow("crop, turn, flips, png")
+            << QStringList{"--crop",          "10,20,50,40", "--rotate", "-90", "--flip-horizontal",
+                           "--flip-vertical", "--format",    "png"}
+            << QByteArray("png") << QSize(40, 50);
+        QTest::newRow("turn the whole image")
+            << QStringList{"--rotate", "90"} << QByteArray("jpeg") << QSize(80, 120);
+        QTest::newRow("crop then resize")
+            << QStringList{"--crop", "0,0,60,40", "--resize", "30x20"} << QByteArray("jpeg") << QSize(30, 20);
     }
 
     void edit_writesTheFileAndPrintsItsPath()
@@ -88,6 +97,24 @@ private slots:
         QCOMPARE(reader.format(), format);
         QCOMPARE(reader.size(), size);
         QVERIFY(run.err.contains(QStringLiteral("initialize image editor")));
+    }
+
+    void cropTurnAndFlips_arePixelExactOnARealPhoto()
+    {
+        const QImage photo =
+            QImage(photoPath()).copy(800, 600, 640, 480).convertToFormat(QImage::Format_RGB32);
+        const QString input = file(QStringLiteral("photo-part.png"));
+        QVERIFY(writeFile(input, encode(photo, "png")));
+        const QString output = file(QStringLiteral("turned.png"));
+
+        const Run run = runTool({"edit", input, "--crop", "40,30,300,200", "--rotate", "90",
+                                 "--flip-horizontal", "--format", "png", "--output", output},
+                                m_dir.path());
+
+        QVERIFY2(run.exitCode == 0, qPrintable(run.err));
+        // Cut, turn a quarter clockwise, then (at a quarter turn) mirror top to bottom.
+        const QImage expected = displayed(displayed(photo.copy(40, 30, 300, 200), 6), 4);
+        QCOMPARE(QImage(output).convertToFormat(QImage::Format_RGB32), expected);
     }
 
     void edit_withoutOutput_writesANewFileInDocuments()
@@ -120,6 +147,18 @@ private slots:
         QTest::newRow("output folder missing")
             << QStringList{"edit", file("photo.png"), "--output", file("no/folder/never.jpg")} << 7
             << "Cannot write the output file";
+        QTest::newRow("crop outside the image")
+            << QStringList{"edit", file("photo.png"), "--crop", "100,0,21,80", "--output", out} << 3
+            << "does not lie inside";
+        QTest::newRow("crop of zero width")
+            << QStringList{"edit", file("photo.png"), "--crop", "10,10,0,20", "--output", out} << 4
+            << "no pixels";
+        QTest::newRow("bad crop") << QStringList{"edit", file("photo.png"), "--crop", "1,2,3"} << 64
+                                  << "--crop";
+        QTest::newRow("bad rotate") << QStringList{"edit", file("photo.png"), "--rotate", "left"} << 64
+                                    << "--rotate";
+        QTest::newRow("infinite rotate")
+            << QStringList{"edit", file("photo.png"), "--rotate", "inf"} << 64 << "--rotate";
         QTest::newRow("no command") << QStringList{} << 64 << "usage:";
         QTest::newRow("other command") << QStringList{"crop", file("photo.png")} << 64 << "usage:";
         QTest::newRow("no input") << QStringList{"edit"} << 64 << "INPUT is missing";

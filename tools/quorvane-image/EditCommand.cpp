@@ -1,11 +1,13 @@
 #include "EditCommand.h"
 
+#include "Editor/Cropper/ImageCropperImp.h"
 #include "Editor/ImageSaver/ImageSaverImp.h"
 #include "Editor/QuorvaneSdkImageEditorViewModel.h"
 #include "Error/QuorvaneSdkImageError.h"
 
 #include <QFileInfo>
 #include <QRegularExpression>
+#include <cmath>
 
 namespace {
 
@@ -43,6 +45,17 @@ std::optional<QSizeF> parseSize(const QString& text)
     return QSizeF(width, height);
 }
 
+std::optional<QRect> parseRect(const QString& text)
+{
+    static const QRegularExpression pattern(
+        QStringLiteral("^(-?[0-9]{1,9}),(-?[0-9]{1,9}),(-?[0-9]{1,9}),(-?[0-9]{1,9})$"));
+    const auto match = pattern.match(text);
+    if (!match.hasMatch())
+        return std::nullopt;
+    return QRect(match.captured(1).toInt(), match.captured(2).toInt(), match.captured(3).toInt(),
+                 match.captured(4).toInt());
+}
+
 std::optional<QuorvaneSdkImageOutputFormat> parseFormat(const QString& text)
 {
     if (text == u"png")
@@ -60,8 +73,10 @@ std::optional<QuorvaneSdkImageOutputFormat> parseFormat(const QString& text)
 
 QString usageText()
 {
-    return QStringLiteral("usage: quorvane-image edit INPUT [--resize WxH] [--format jpg[:QUALITY]|png] "
-                          "[--output PATH]\n");
+    return QStringLiteral(
+        "usage: quorvane-image edit INPUT [--crop X,Y,W,H] [--rotate DEGREES] [--flip-horizontal]\n"
+        "                           [--flip-vertical] [--resize WxH] [--format jpg[:QUALITY]|png]\n"
+        "                           [--output PATH]\n");
 }
 
 std::variant<EditOptions, UsageError> parseEditCommand(const QStringList& arguments)
@@ -71,10 +86,28 @@ std::variant<EditOptions, UsageError> parseEditCommand(const QStringList& argume
     EditOptions options;
     for (qsizetype i = 1; i < arguments.size(); ++i) {
         const QString& argument = arguments[i];
+        if (argument == u"--flip-horizontal") {
+            options.flipHorizontal = true;
+            continue;
+        }
+        if (argument == u"--flip-vertical") {
+            options.flipVertical = true;
+            continue;
+        }
         const bool isOption = argument.startsWith(u"--");
         if (isOption && i + 1 >= arguments.size())
             return UsageError{QStringLiteral("%1 needs a value.").arg(argument)};
-        if (argument == u"--resize") {
+        if (argument == u"--crop") {
+            options.crop = parseRect(arguments[++i]);
+            if (!options.crop)
+                return UsageError{
+                    QStringLiteral("--crop takes X,Y,WIDTH,HEIGHT in whole points, e.g. 0,0,800,600.")};
+        } else if (argument == u"--rotate") {
+            bool ok = false;
+            options.rotateDegrees = arguments[++i].toDouble(&ok);
+            if (!ok || !std::isfinite(options.rotateDegrees))
+                return UsageError{QStringLiteral("--rotate takes a number of degrees, e.g. 90 or -12.5.")};
+        } else if (argument == u"--resize") {
             options.resize = parseSize(arguments[++i]);
             if (!options.resize)
                 return UsageError{
@@ -115,7 +148,24 @@ int runEditCommand(const EditOptions& options, QTextStream& out, QTextStream& er
 
     const auto saver = std::make_shared<RecordingImageSaver>();
     QuorvaneSdkImageEditorViewModel session(preset, saver);
-    const QuorvaneSdkImageEditorResult result = session.getResult(session.image());
+    std::optional<QImage> image = session.image();
+    if (options.crop || options.rotateDegrees != 0.0 || options.flipHorizontal || options.flipVertical) {
+        const QSizeF size = image->deviceIndependentSize();
+        const QRect rect = options.crop.value_or(QRect(0, 0, int(size.width()), int(size.height())));
+        try {
+            image = ImageCropperImp().crop({*image, rect.x(), rect.y(), rect.width(), rect.height(),
+                                            Angle::degrees(options.rotateDegrees), options.flipHorizontal,
+                                            options.flipVertical});
+        } catch (const QuorvaneSdkImageError& error) {
+            if (error.code() == QuorvaneSdkImageError::invalidCropRange)
+                err << "The crop rectangle does not lie inside the " << size.width() << "×" << size.height()
+                    << " point image.\n";
+            else
+                err << "The crop rectangle holds no pixels.\n";
+            return error.code();
+        }
+    }
+    const QuorvaneSdkImageEditorResult result = session.getResult(image);
     if (saver->failure) {
         if (saver->failure->code() == QuorvaneSdkImageError::unableToCompressImage)
             err << "Cannot encode the image in the requested format.\n";

@@ -2,6 +2,7 @@
 
 #include "Editor/QuorvaneSdkImageOutputFormat.h"
 
+#include <QRect>
 #include <QSizeF>
 #include <QString>
 #include <QStringList>
@@ -9,10 +10,16 @@
 #include <optional>
 #include <variant>
 
-/// `quorvane-image edit INPUT [--resize WxH] [--format jpg[:QUALITY]|png] [--output PATH]`
+/// `quorvane-image edit INPUT [--crop X,Y,W,H] [--rotate DEGREES] [--flip-horizontal] [--flip-vertical]
+///                       [--resize WxH] [--format jpg[:QUALITY]|png] [--output PATH]`
 struct EditOptions
 {
     QString input;
+    /// Points of the loaded, upright image.
+    std::optional<QRect> crop;
+    double rotateDegrees = 0.0;
+    bool flipHorizontal = false;
+    bool flipVertical = false;
     std::optional<QSizeF> resize;
     QuorvaneSdkImageOutputFormat format = QuorvaneSdkImageOutputFormat::jpg(100);
     std::optional<QString> output;

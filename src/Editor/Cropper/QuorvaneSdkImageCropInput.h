@@ -6,7 +6,8 @@
 
 /// One crop request: a rectangle in points of the image (not pixels), then a turn and flips applied to the
 /// cut-out, in that order. Built as {image, x, y, width, height[, rotation[, flipH[, flipV]]]}.
-struct QuorvaneSdkImageCropInput {
+struct QuorvaneSdkImageCropInput
+{
     const QImage image;
     const qint64 startXPoint;
     const qint64 startYPoint;

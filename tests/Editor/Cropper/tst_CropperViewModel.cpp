@@ -1,0 +1,427 @@
+#include "Editor/Common/BrandColor.h"
+#include "Editor/Cropper/CropperViewModel.h"
+#include "Error/QuorvaneSdkImageError.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+namespace {
+
+// Keeps the last request; answers with a 1×1 image or, when told to, the service's error.
+class RecordingCropper final : public ImageCropper
+{
+public:
+    QImage crop(const QuorvaneSdkImageCropInput& image) override
+    {
+        last.emplace(image);
+        if (fail)
+            throw QuorvaneSdkImageError(QuorvaneSdkImageError::invalidCropRange);
+        return QImage(1, 1, QImage::Format_RGB32);
+    }
+
+    std::optional<QuorvaneSdkImageCropInput> last;
+    bool fail = false;
+};
+
+using Edge = CropperViewModel::CropEdge;
+
+QImage imageOfPoints(QSizeF points)
+{
+    QImage image(points.toSize(), QImage::Format_RGB32);
+    image.fill(Qt::gray);
+    return image;
+}
+
+// Everything a person could see or undo, for comparing before and after.
+struct Snapshot
+{
+    QSizeF frame;
+    qreal top, bottom, leading, trailing;
+    qreal degrees;
+    bool flipHorizontally, flipVertically;
+    QColor horizontalTint, verticalTint;
+
+    static Snapshot of(const CropperViewModel& m)
+    {
+        return {m.imageFrameSize(),          m.topCropHeight(),     m.bottomCropHeight(),
+                m.leadingCropWidth(),        m.trailingCropWidth(), m.rotationDegrees(),
+                m.flipHorizontally(),        m.flipVertically(),    m.flipHorizontallyButtonColor(),
+                m.flipVericallyButtonColor()};
+    }
+    bool operator==(const Snapshot&) const = default;
+};
+
+} // namespace
+
+Q_DECLARE_METATYPE(Edge)
+
+class tst_CropperViewModel : public QObject
+{
+    Q_OBJECT
+
+private:
+    RecordingCropper m_cropper;
+
+    // A 4000 × 3000 point image in a 390 × 600 area: frame 390 × 292.5, turned frame 520 × 390.
+    std::unique_ptr<CropperViewModel> laidOut()
+    {
+        auto model = std::make_unique<CropperViewModel>(imageOfPoints(QSizeF(400, 300)), m_cropper);
+        model->setupCropperLayout(QSizeF(390, 600));
+        return model;
+    }
+
+    static void drag(CropperViewModel& model, std::initializer_list<QPointF> points)
+    {
+        for (const QPointF& point : points)
+            model.handleDragging(point);
+        model.finishCropping();
+    }
+
+private slots:
+    void layout_fitsTheFrameBothWays_data()
+    {
+        QTest::addColumn<QSizeF>("image");
+        QTest::addColumn<QSizeF>("area");
+        QTest::addColumn<QSizeF>("portrait");
+        QTest::addColumn<QSizeF>("landscape");
+        QTest::newRow("landscape photo, phone")
+            << QSizeF(4000, 3000) << QSizeF(390, 600) << QSizeF(390, 292.5) << QSizeF(520, 390);
+        // The turned frame is stated in the image's own axes: turned on screen it is 390 wide.
+        QTest::newRow("portrait photo, phone")
+            << QSizeF(3000, 4000) << QSizeF(390, 600) << QSizeF(390, 520) << QSizeF(292.5, 390);
+        QTest::newRow("portrait photo, wide area")
+            << QSizeF(300, 400) << QSizeF(1000, 500) << QSizeF(375, 500) << QSizeF(500, 2000.0 / 3.0);
+    }
+
+    void layout_fitsTheFrameBothWays()
+    {
+        QFETCH(QSizeF, image);
+        QFETCH(QSizeF, area);
+        QFETCH(QSizeF, portrait);
+        QFETCH(QSizeF, landscape);
+        CropperViewModel model(imageOfPoints(image), m_cropper);
+        QVERIFY(!model.isCropperSetup());
+
+        model.setupCropperLayout(area);
+        QVERIFY(model.isCropperSetup());
+        QCOMPARE(model.imageFrameSize(), portrait);
+        model.rotateRight(false);
+        QCOMPARE(model.imageFrameSize(), landscape);
+    }
+
+    void getCropEdge_data()
+    {
+        QTest::addColumn<QPointF>("location");
+        QTest::addColumn<Edge>("edge");
+        // Untouched frame 390 × 292.5: edges at 0 and 390 across, 0 and 292.5 down; centre (195, 146.25).
+        QTest::newRow("centre") << QPointF(195, 146.25) << Edge::center;
+        QTest::newRow("centre, 20 off both ways") << QPointF(215, 126.25) << Edge::center;
+        QTest::newRow("just past the centre's reach") << QPointF(215.01, 146.25) << Edge::none;
+        QTest::newRow("top") << QPointF(100, 20) << Edge::top;
+        QTest::newRow("just below the top's reach") << QPointF(100, 20.01) << Edge::none;
+        QTest::newRow("top leading, 20 from both") << QPointF(20, 20) << Edge::topLeading;
+        QTest::newRow("top trailing") << QPointF(370, 5) << Edge::topTrailing;
+        QTest::newRow("bottom") << QPointF(100, 272.5) << Edge::bottom;
+        QTest::newRow("bottom leading") << QPointF(1, 290) << Edge::bottomLeading;
+        QTest::newRow("bottom trailing") << QPointF(389, 290) << Edge::bottomTrailing;
+        QTest::newRow("leading") << QPointF(20, 100) << Edge::leading;
+        QTest::newRow("trailing") << QPointF(370, 100) << Edge::trailing;
+        QTest::newRow("nothing near") << QPointF(100, 100) << Edge::none;
+    }
+
+    void getCropEdge()
+    {
+        QFETCH(QPointF, location);
+        QFETCH(Edge, edge);
+        QCOMPARE(laidOut()->getCropEdge(location), edge);
+    }
+
+    void getCropEdge_breaksTiesInFixedOrder_data()
+    {
+        QTest::addColumn<QSizeF>("image");
+        QTest::addColumn<QPointF>("location");
+        QTest::addColumn<Edge>("edge");
+        // Handles crowd together only on frames thinner than 40 points, as panoramas make them.
+        // 4000 × 500 in 390 × 600: frame 390 × 48.75, centre (195, 24.375).
+        QTest::newRow("centre before top") << QSizeF(4000, 500) << QPointF(195, 5) << Edge::center;
+        // 4000 × 300: frame 390 × 29.25; y = 10 is in reach of top and bottom.
+        QTest::newRow("top before bottom") << QSizeF(4000, 300) << QPointF(100, 10) << Edge::top;
+        QTest::newRow("top leading before top trailing")
+            << QSizeF(4000, 300) << QPointF(15, 10) << Edge::topLeading;
+        // 200 × 4000: frame 30 × 600; x = 15 is in reach of leading and trailing.
+        QTest::newRow("leading before trailing") << QSizeF(200, 4000) << QPointF(15, 100) << Edge::leading;
+    }
+
+    void getCropEdge_breaksTiesInFixedOrder()
+    {
+        QFETCH(QSizeF, image);
+        QFETCH(QPointF, location);
+        QFETCH(Edge, edge);
+        CropperViewModel model(imageOfPoints(image), m_cropper);
+        model.setupCropperLayout(QSizeF(390, 600));
+        QCOMPARE(model.getCropEdge(location), edge);
+    }
+
+    void edgeUpdates_keep80PointsBetweenOppositeEdges_data()
+    {
+        QTest::addColumn<QPointF>("touch");
+        QTest::addColumn<QString>("edge");
+        QTest::addColumn<qreal>("expected");
+        // Bottom edge at 292.5, trailing at 390.
+        QTest::newRow("top to 212.49 (80.01 apart)") << QPointF(195, 212.49) << "top" << 212.49;
+        QTest::newRow("top to 212.5 (exactly 80)") << QPointF(195, 212.5) << "top" << 0.0;
+        QTest::newRow("leading to 309.99") << QPointF(309.99, 100) << "leading" << 309.99;
+        QTest::newRow("leading to 310 (exactly 80)") << QPointF(310, 100) << "leading" << 0.0;
+    }
+
+    void edgeUpdates_keep80PointsBetweenOppositeEdges()
+    {
+        QFETCH(QPointF, touch);
+        QFETCH(QString, edge);
+        QFETCH(qreal, expected);
+        auto model = laidOut();
+        // Walk the edge there in small steps, as a finger would, so the handle stays in reach.
+        const bool vertical = edge == u"top";
+        const qreal target = vertical ? touch.y() : touch.x();
+        for (qreal at = 5; at < target; at += 15)
+            model->handleDragging(vertical ? QPointF(touch.x(), at) : QPointF(at, touch.y()));
+        model->handleDragging(touch);
+        const qreal position = vertical ? model->topCropPosition() : model->leadingCropPosition();
+        if (expected == 0.0)
+            QVERIFY2(target - position > 0.001, "the edge must stop short of the 80-point separation");
+        else
+            QCOMPARE(position, expected);
+    }
+
+    void farBorders_areCheckedOnlyByBottomAndTrailing()
+    {
+        auto model = laidOut();
+        // Touches on or outside the frame's borders are ignored altogether.
+        for (const QPointF p : {QPointF(0, 100), QPointF(100, 0), QPointF(390, 100), QPointF(100, 292.5)})
+            model->handleDragging(p);
+        QCOMPARE(model->trackedActionCount(), 0);
+        QCOMPARE(model->cropBorderColor(), QColor(Qt::white));
+        drag(*model, {{100, 285}});
+        QCOMPARE(model->bottomCropPosition(), 285.0);
+        QCOMPARE(model->bottomCropHeight(), 7.5);
+    }
+
+    void centreMove_isDroppedWholeAtABorder()
+    {
+        auto model = laidOut();
+        drag(*model, {{15, 15}});     // top leading to (15, 15)
+        drag(*model, {{375, 277.5}}); // bottom trailing to (375, 277.5)
+        const QPointF centre = model->centerCropPosition();
+        QCOMPARE(centre, QPointF(195, 146.25));
+
+        drag(*model, {{200, 150}}); // moves by (5, 3.75): fits
+        QCOMPARE(model->leadingCropPosition(), 20.0);
+        QCOMPARE(model->topCropPosition(), 18.75);
+
+        drag(*model, {{180, 150}}); // left by 20 would put leading at 0: fits, inclusive
+        QCOMPARE(model->leadingCropPosition(), 0.0);
+        drag(*model, {{180 - 0.5, 150}}); // past the border: dropped, nothing slides
+        QCOMPARE(model->leadingCropPosition(), 0.0);
+        QCOMPARE(model->trailingCropPosition(), 360.0);
+    }
+
+    void rotationsAndFlips_data()
+    {
+        QTest::addColumn<QStringList>("steps");
+        QTest::addColumn<qreal>("degrees");
+        QTest::addColumn<QSizeF>("frame");
+        QTest::addColumn<bool>("flipHorizontally");
+        QTest::addColumn<bool>("flipVertically");
+
+        const QSizeF portrait(390, 292.5);
+        const QSizeF landscape(520, 390);
+        QTest::newRow("left") << QStringList{"L"} << -90.0 << landscape << false << false;
+        QTest::newRow("left ×4") << QStringList{"L", "L", "L", "L"} << -360.0 << portrait << false << false;
+        QTest::newRow("left ×5") << QStringList{"L", "L", "L", "L", "L"} << -450.0 << landscape << false
+                                 << false;
+        QTest::newRow("right, left") << QStringList{"R", "L"} << 0.0 << portrait << false << false;
+        QTest::newRow("flip h") << QStringList{"H"} << 0.0 << portrait << true << false;
+        QTest::newRow("right, flip h swaps") << QStringList{"R", "H"} << 90.0 << landscape << false << true;
+        QTest::newRow("right, flip v swaps") << QStringList{"R", "V"} << 90.0 << landscape << true << false;
+        QTest::newRow("180, flip h") << QStringList{"R", "R", "H"} << 180.0 << portrait << true << false;
+        QTest::newRow("flip h twice") << QStringList{"H", "H"} << 0.0 << portrait << false << false;
+    }
+
+    void rotationsAndFlips()
+    {
+        QFETCH(QStringList, steps);
+        QFETCH(qreal, degrees);
+        QFETCH(QSizeF, frame);
+        QFETCH(bool, flipHorizontally);
+        QFETCH(bool, flipVertically);
+        auto model = laidOut();
+        drag(*model, {{20, 20}, {40, 30}}); // a rectangle that is not the whole frame
+        const qreal topFactor = model->topCropPosition() / model->imageFrameSize().height();
+
+        for (const QString& step : steps) {
+            if (step == u"L")
+                model->rotateLeft(true);
+            else if (step == u"R")
+                model->rotateRight(true);
+            else if (step == u"H")
+                model->flipHorizontally(true);
+            else
+                model->flipVertically(true);
+        }
+
+        QCOMPARE(model->rotationDegrees(), degrees);
+        QCOMPARE(model->imageFrameSize(), frame);
+        QCOMPARE(model->flipHorizontally(), flipHorizontally);
+        QCOMPARE(model->flipVertically(), flipVertically);
+        // The rectangle keeps its place on the image: same fractions, bands of the new frame.
+        QCOMPARE(model->topCropHeight(), frame.height() * topFactor);
+        QCOMPARE(model->trackedActionCount(), int(steps.size()) + 1);
+    }
+
+    void flipButtonTints_showMirroringAlongTheirScreenAxis()
+    {
+        auto model = laidOut();
+        QCOMPARE(model->flipHorizontallyButtonColor(), BrandColor::gray());
+        model->flipHorizontally(true);
+        QCOMPARE(model->flipHorizontallyButtonColor(), BrandColor::ambar());
+        QCOMPARE(model->flipVericallyButtonColor(), BrandColor::gray());
+        model->rotateRight(true); // the left-right mirror now runs top to bottom on screen
+        QCOMPARE(model->flipHorizontallyButtonColor(), BrandColor::gray());
+        QCOMPARE(model->flipVericallyButtonColor(), BrandColor::ambar());
+    }
+
+    void drag_recordsOneUndoStepAndTintsTheBorder()
+    {
+        auto model = laidOut();
+        const Snapshot before = Snapshot::of(*model);
+        QSignalSpy steps(model.get(), &CropperViewModel::trackedActionsChanged);
+
+        for (int i = 0; i < 10; ++i) {
+            model->handleDragging(QPointF(5 + i, 5 + i));
+            QCOMPARE(model->cropBorderColor(), QColor(Qt::yellow));
+        }
+        QCOMPARE(model->trackedActionCount(), 1);
+        QCOMPARE(steps.count(), 1);
+        model->finishCropping();
+        QCOMPARE(model->cropBorderColor(), QColor(Qt::white));
+
+        model->undoLastAction();
+        QCOMPARE(Snapshot::of(*model), before);
+        QCOMPARE(model->trackedActionCount(), 0);
+    }
+
+    void undo_restoresTheExactStateBeforeEachEdit_data()
+    {
+        QTest::addColumn<QString>("edit");
+        QTest::newRow("rotate left") << "L";
+        QTest::newRow("rotate right") << "R";
+        QTest::newRow("flip horizontally") << "H";
+        QTest::newRow("flip vertically") << "V";
+        QTest::newRow("drag an edge") << "drag";
+        QTest::newRow("drag the centre") << "centre";
+    }
+
+    void undo_restoresTheExactStateBeforeEachEdit()
+    {
+        QFETCH(QString, edit);
+        auto model = laidOut();
+        // Start from a state with a bit of everything.
+        drag(*model, {{10, 10}, {30, 25}});
+        model->rotateRight(true);
+        model->flipHorizontally(true);
+        drag(*model, {{500, 200}, {470, 200}});
+        const Snapshot before = Snapshot::of(*model);
+        const int steps = model->trackedActionCount();
+
+        if (edit == u"L")
+            model->rotateLeft(true);
+        else if (edit == u"R")
+            model->rotateRight(true);
+        else if (edit == u"H")
+            model->flipHorizontally(true);
+        else if (edit == u"V")
+            model->flipVertically(true);
+        else if (edit == u"drag")
+            drag(*model, {{30, 100}, {60, 100}});
+        else
+            drag(*model, {model->centerCropPosition() - QPointF(3, 3)});
+        QCOMPARE(model->trackedActionCount(), steps + 1);
+        QVERIFY(!(Snapshot::of(*model) == before));
+
+        model->undoLastAction();
+
+        QCOMPARE(Snapshot::of(*model), before);
+        QCOMPARE(model->trackedActionCount(), steps);
+    }
+
+    void undo_withNothingToUndo_doesNothing()
+    {
+        auto model = laidOut();
+        const Snapshot before = Snapshot::of(*model);
+        model->undoLastAction();
+        QCOMPARE(Snapshot::of(*model), before);
+        QCOMPARE(model->trackedActionCount(), 0);
+    }
+
+    void undoCallbacks_outliveTheirModelHarmlessly()
+    {
+        TrackedAction orphan;
+        {
+            auto model = laidOut();
+            model->rotateLeft(true);
+            orphan = model->trackedActions().last();
+        }
+        orphan.undo();
+    }
+
+    void cropImage_sendsTheFrameInImagePoints_data()
+    {
+        QTest::addColumn<QList<QPointF>>("drags");
+        QTest::addColumn<QRect>("expected");
+        QTest::newRow("untouched") << QList<QPointF>{} << QRect(0, 0, 400, 300);
+        // Frame 390 × 292.5 for 400 × 300 points: a point of frame is 400/390 image points.
+        // Frame 390 × 292.5 for 400 × 300 points: a quarter of the frame is a quarter of the image.
+        QTest::newRow("top leading to a quarter")
+            << QList<QPointF>{{10, 10}, {20, 20}, {30, 25}, {40, 30}, {50, 40},
+                              {60, 50}, {70, 55}, {80, 60}, {90, 70}, {97.5, 73.125}}
+            << QRect(100, 75, 300, 225);
+    }
+
+    void cropImage_sendsTheFrameInImagePoints()
+    {
+        QFETCH(QList<QPointF>, drags);
+        QFETCH(QRect, expected);
+        auto model = laidOut();
+        for (const QPointF& p : drags)
+            model->handleDragging(p);
+        model->finishCropping();
+        model->rotateRight(true);
+        model->flipVertically(true);
+        QSignalSpy progress(model.get(), &CropperViewModel::isCroppingInProgressChanged);
+
+        QVERIFY(model->cropImage());
+
+        QVERIFY(m_cropper.last);
+        QCOMPARE(m_cropper.last->startXPoint, expected.x());
+        QCOMPARE(m_cropper.last->startYPoint, expected.y());
+        QCOMPARE(m_cropper.last->width, expected.width());
+        QCOMPARE(m_cropper.last->height, expected.height());
+        QCOMPARE(m_cropper.last->rotation.degrees(), 90.0);
+        QVERIFY(m_cropper.last->flipHorizontally);
+        QVERIFY(!m_cropper.last->flipVertically);
+        QCOMPARE(progress.count(), 2);
+        QVERIFY(!model->isCroppingInProgress());
+    }
+
+    void cropImage_whenTheServiceFails_givesNothing()
+    {
+        auto model = laidOut();
+        m_cropper.fail = true;
+        QVERIFY(!model->cropImage());
+        m_cropper.fail = false;
+        QVERIFY(!model->isCroppingInProgress());
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_CropperViewModel)
+#include "tst_CropperViewModel.moc"

@@ -1,0 +1,169 @@
+#include "Editor/Cropper/ImageCropperImp.h"
+#include "Error/QuorvaneSdkImageError.h"
+#include "LogRecorder.h"
+#include "TestImages.h"
+
+#include <QTest>
+
+using namespace TestImages;
+
+namespace {
+
+// Pixel (x, y) holds x in red and y in green, so any cut shows where it came from.
+QImage coordinates(QSize size, qreal scale)
+{
+    QImage image(size, QImage::Format_RGB32);
+    for (int y = 0; y < size.height(); ++y) {
+        for (int x = 0; x < size.width(); ++x)
+            image.setPixel(x, y, qRgb(x % 256, y % 256, (x / 256) * 16 + y / 256));
+    }
+    image.setDevicePixelRatio(scale);
+    return image;
+}
+
+} // namespace
+
+class tst_ImageCropperImp : public QObject
+{
+    Q_OBJECT
+
+private:
+    ImageCropperImp m_cropper;
+
+private slots:
+    void validRanges_cutInPixels_data()
+    {
+        QTest::addColumn<QSize>("pixels");
+        QTest::addColumn<qreal>("scale");
+        QTest::addColumn<QRect>("points");
+        QTest::addColumn<QRect>("expectedPixels");
+
+        QTest::newRow("whole image") << QSize(300, 200) << 1.0 << QRect(0, 0, 300, 200)
+                                     << QRect(0, 0, 300, 200);
+        QTest::newRow("inner") << QSize(300, 200) << 1.0 << QRect(10, 20, 30, 40) << QRect(10, 20, 30, 40);
+        QTest::newRow("touching the far corner")
+            << QSize(300, 200) << 1.0 << QRect(299, 199, 1, 1) << QRect(299, 199, 1, 1);
+        QTest::newRow("scale 3") << QSize(300, 300) << 3.0 << QRect(10, 20, 30, 40) << QRect(30, 60, 90, 120);
+        // 302 × 151 pixels at scale 3 are 100.67 × 50.33 points: ranges up to 100 × 50 are accepted.
+        QTest::newRow("truncated point size")
+            << QSize(302, 151) << 3.0 << QRect(0, 0, 100, 50) << QRect(0, 0, 300, 150);
+    }
+
+    void validRanges_cutInPixels()
+    {
+        QFETCH(QSize, pixels);
+        QFETCH(qreal, scale);
+        QFETCH(QRect, points);
+        QFETCH(QRect, expectedPixels);
+        const QImage image = coordinates(pixels, scale);
+        LogRecorder log;
+
+        const QImage cut = m_cropper.crop({image, points.x(), points.y(), points.width(), points.height()});
+
+        QCOMPARE(cut.devicePixelRatio(), scale);
+        QCOMPARE(cut.size(), expectedPixels.size());
+        QCOMPARE(cut.convertToFormat(QImage::Format_RGB32), image.copy(expectedPixels));
+        QCOMPARE(log.lines(),
+                 (QStringList{"ImageCropperImp: start crop image", "ImageCropperImp: crop image"}));
+    }
+
+    void invalidRanges_areRefused_data()
+    {
+        QTest::addColumn<QRect>("points");
+        QTest::addColumn<int>("code");
+        QTest::addColumn<QStringList>("logLines");
+
+        const QStringList invalid{"ImageCropperImp: start crop image", "ImageCropperImp: invalid crop range"};
+        const QStringList failed{"ImageCropperImp: start crop image", "ImageCropperImp: crop image",
+                                 "ImageCropperImp: crop image failed"};
+        const int invalidRange = QuorvaneSdkImageError::invalidCropRange;
+        const int unableToCrop = QuorvaneSdkImageError::unableToCropImage;
+        QTest::newRow("one point too wide") << QRect(0, 0, 301, 200) << invalidRange << invalid;
+        QTest::newRow("one point too tall") << QRect(0, 1, 300, 200) << invalidRange << invalid;
+        QTest::newRow("negative x") << QRect(-1, 0, 10, 10) << invalidRange << invalid;
+        QTest::newRow("negative y") << QRect(0, -1, 10, 10) << invalidRange << invalid;
+        QTest::newRow("zero width passes the range, fails the cut")
+            << QRect(10, 10, 0, 10) << unableToCrop << failed;
+        QTest::newRow("zero height") << QRect(10, 10, 10, 0) << unableToCrop << failed;
+        QTest::newRow("negative width") << QRect(10, 10, -5, 10) << unableToCrop << failed;
+    }
+
+    void invalidRanges_areRefused()
+    {
+        QFETCH(QRect, points);
+        QFETCH(int, code);
+        QFETCH(QStringList, logLines);
+        LogRecorder log;
+        try {
+            m_cropper.crop(
+                {coordinates(QSize(300, 200), 1.0), points.x(), points.y(), points.width(), points.height()});
+            QFAIL("crop did not throw");
+        } catch (const QuorvaneSdkImageError& error) {
+            QCOMPARE(int(error.code()), code);
+        }
+        QCOMPARE(log.lines(), logLines);
+        QCOMPARE(toString(log.records().last().severity), toString(SharedQuorvaneSdkLogSeverity::error));
+    }
+
+    void turnsAndFlips_followTheCut_data()
+    {
+        QTest::addColumn<double>("degrees");
+        QTest::addColumn<bool>("flipHorizontally");
+        QTest::addColumn<bool>("flipVertically");
+        QTest::addColumn<int>("referenceOrientation");
+        QTest::addColumn<int>("thenMirror");
+
+        // The reference: turn with the EXIF transform, then mirror in screen axes (2 = left-right, 4 =
+        // top-bottom).
+        QTest::newRow("no turn") << 0.0 << false << false << 1 << 1;
+        QTest::newRow("90") << 90.0 << false << false << 6 << 1;
+        QTest::newRow("-90") << -90.0 << false << false << 8 << 1;
+        QTest::newRow("180") << 180.0 << false << false << 3 << 1;
+        QTest::newRow("flip h") << 0.0 << true << false << 1 << 2;
+        QTest::newRow("flip v") << 0.0 << false << true << 1 << 4;
+        // At a quarter turn the horizontal flag mirrors top to bottom, as the crop screen shows it.
+        QTest::newRow("90, flip h") << 90.0 << true << false << 6 << 4;
+        QTest::newRow("90, flip v") << 90.0 << false << true << 6 << 2;
+        QTest::newRow("180, flip h") << 180.0 << true << false << 3 << 2;
+        QTest::newRow("-270, flip h") << -270.0 << true << false << 6 << 4;
+    }
+
+    void turnsAndFlips_followTheCut()
+    {
+        QFETCH(double, degrees);
+        QFETCH(bool, flipHorizontally);
+        QFETCH(bool, flipVertically);
+        QFETCH(int, referenceOrientation);
+        QFETCH(int, thenMirror);
+        const QImage image = coordinates(QSize(300, 200), 1.0);
+
+        const QImage result = m_cropper.crop(
+            {image, 30, 20, 120, 70, Angle::degrees(degrees), flipHorizontally, flipVertically});
+
+        const QImage cut = image.copy(30, 20, 120, 70);
+        const QImage expected = displayed(displayed(cut, referenceOrientation), thenMirror);
+        QCOMPARE(result.convertToFormat(QImage::Format_RGB32), expected);
+    }
+
+    void realPhoto_cropsAtFullResolution()
+    {
+        const QImage photo(photoPath());
+        const QImage cut = m_cropper.crop({photo, 1000, 500, 2000, 1500, Angle::degrees(90), false, true});
+        QCOMPARE(cut.size(), QSize(1500, 2000));
+        QCOMPARE(cut.pixel(0, 0), photo.pixel(1000, 500));
+    }
+
+    void resizeImage_rendersAtScaleOne()
+    {
+        LogRecorder log;
+        const auto resized = m_cropper.resizeImage(coordinates(QSize(300, 300), 3.0), QSizeF(640, 480));
+        QVERIFY(resized);
+        QCOMPARE(resized->size(), QSize(640, 480));
+        QCOMPARE(resized->devicePixelRatio(), 1.0);
+        QCOMPARE(log.lines(), QStringList{"ImageCropperImp: resize image"});
+        QVERIFY(!m_cropper.resizeImage(coordinates(QSize(3, 3), 1.0), QSizeF(0, 10)));
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_ImageCropperImp)
+#include "tst_ImageCropperImp.moc"
