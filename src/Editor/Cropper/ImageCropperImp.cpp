@@ -100,6 +100,29 @@ std::optional<QImage> ImageCropperImp::crop(const QImage& original, const QRectF
     return cut;
 }
 
+std::optional<QImage> ImageCropperImp::cropInOnePass(const QuorvaneSdkImageCropInput& input,
+                                                     const QRectF& cropRect)
+{
+    const double quarters = input.rotation.degrees() / 90.0;
+    const qreal scale = input.image.devicePixelRatio();
+    const QRectF pixels(cropRect.x() * scale, cropRect.y() * scale, cropRect.width() * scale,
+                        cropRect.height() * scale);
+    const auto whole = [](qreal v) { return std::isfinite(v) && v == std::floor(v) && std::abs(v) < 1e9; };
+    // Only where every step moves whole pixels is one pass the same as cut, turn and flips in turn.
+    if (!whole(quarters) || !whole(pixels.x()) || !whole(pixels.y()) || !whole(pixels.width()) ||
+        !whole(pixels.height()) || pixels.width() <= 0 || pixels.height() <= 0)
+        return std::nullopt;
+    const bool portrait = input.rotation.isPortrait();
+    const bool mirrorLeftRight = portrait ? input.flipHorizontally : input.flipVertically;
+    const bool mirrorTopBottom = portrait ? input.flipVertically : input.flipHorizontally;
+    const QRect pixelRect(int(pixels.x()), int(pixels.y()), int(pixels.width()), int(pixels.height()));
+    auto result = ImageHelpers::cutTurnedAndMirrored(input.image, pixelRect, int(std::fmod(quarters, 4.0)),
+                                                     mirrorLeftRight, mirrorTopBottom);
+    if (result)
+        log("crop image");
+    return result;
+}
+
 std::optional<QImage> ImageCropperImp::resizeImage(const QImage& image, QSizeF newSize)
 {
     log("resize image");

@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QTransform>
 #include <cmath>
+#include <cstring>
 
 namespace ImageHelpers {
 namespace {
@@ -93,6 +94,89 @@ std::optional<QImage> verticallyFlipped(const QImage& image)
     QImage flipped = image.mirrored(false, true);
     flipped.setDevicePixelRatio(image.devicePixelRatio());
     return flipped;
+}
+
+std::optional<QImage> cutTurnedAndMirrored(const QImage& image, const QRect& pixels, int quarterTurns,
+                                           bool mirrorLeftRight, bool mirrorTopBottom)
+{
+    const QImage::Format format = image.format();
+    if (pixels.isEmpty() || !image.rect().contains(pixels) ||
+        (format != QImage::Format_RGB32 && format != QImage::Format_ARGB32 &&
+         format != QImage::Format_ARGB32_Premultiplied))
+        return std::nullopt;
+    const int turns = ((quarterTurns % 4) + 4) % 4;
+    const int w = pixels.width();
+    const int h = pixels.height();
+    const bool sideways = turns % 2 == 1;
+    QImage result(sideways ? QSize(h, w) : QSize(w, h), format);
+    if (result.isNull())
+        return std::nullopt;
+    result.setDevicePixelRatio(image.devicePixelRatio());
+
+    // Destination pixel (u, v) reads source pixel origin + u·du + v·dv: the cut, the turn and the mirrors
+    // composed into one affine walk over whole pixels.
+    const int outW = result.width();
+    const int outH = result.height();
+    // Where the turned image's (u, v) comes from in the cut, before the mirrors.
+    QPoint origin;
+    QPoint du;
+    QPoint dv;
+    switch (turns) {
+    case 0:
+        origin = {0, 0}, du = {1, 0}, dv = {0, 1};
+        break;
+    case 1:
+        origin = {0, h - 1}, du = {0, -1}, dv = {1, 0};
+        break;
+    case 2:
+        origin = {w - 1, h - 1}, du = {-1, 0}, dv = {0, -1};
+        break;
+    default:
+        origin = {w - 1, 0}, du = {0, 1}, dv = {-1, 0};
+        break;
+    }
+    if (mirrorLeftRight) {
+        origin += du * (outW - 1);
+        du = -du;
+    }
+    if (mirrorTopBottom) {
+        origin += dv * (outH - 1);
+        dv = -dv;
+    }
+    origin += pixels.topLeft();
+
+    const auto* source = reinterpret_cast<const quint32*>(image.constBits());
+    const qsizetype sourceStride = image.bytesPerLine() / 4;
+    const qsizetype step = qsizetype(du.x()) + qsizetype(du.y()) * sourceStride;
+    const qsizetype rowStep = qsizetype(dv.x()) + qsizetype(dv.y()) * sourceStride;
+    const quint32* rowStart = source + origin.x() + qsizetype(origin.y()) * sourceStride;
+    if (!sideways) {
+        for (int v = 0; v < outH; ++v, rowStart += rowStep) {
+            auto* out = reinterpret_cast<quint32*>(result.scanLine(v));
+            if (step == 1) {
+                std::memcpy(out, rowStart, size_t(outW) * 4);
+            } else {
+                for (int u = 0; u < outW; ++u)
+                    out[u] = rowStart[-u];
+            }
+        }
+        return result;
+    }
+    // Sideways, each output row walks down a source column: work in tiles so the columns stay in cache.
+    constexpr int kTile = 64;
+    for (int tileV = 0; tileV < outH; tileV += kTile) {
+        const int endV = std::min(outH, tileV + kTile);
+        for (int tileU = 0; tileU < outW; tileU += kTile) {
+            const int endU = std::min(outW, tileU + kTile);
+            for (int v = tileV; v < endV; ++v) {
+                auto* out = reinterpret_cast<quint32*>(result.scanLine(v));
+                const quint32* in = rowStart + qsizetype(v) * rowStep + qsizetype(tileU) * step;
+                for (int u = tileU; u < endU; ++u, in += step)
+                    out[u] = *in;
+            }
+        }
+    }
+    return result;
 }
 
 QImage copy(const QImage& image)

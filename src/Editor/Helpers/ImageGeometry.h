@@ -17,6 +17,12 @@ std::optional<QImage> horizontallyFlipped(const QImage& image);
 /// \a image mirrored top to bottom; empty for a null image.
 std::optional<QImage> verticallyFlipped(const QImage& image);
 
+/// \a pixels of \a image, turned \a quarterTurns clockwise, then mirrored in the turned image's axes, in one
+/// pass over the pixels: the same result as cutting, turning and flipping one after the other, without the
+/// images in between. Empty when \a pixels does not lie inside the image or the format is not 32-bit.
+std::optional<QImage> cutTurnedAndMirrored(const QImage& image, const QRect& pixels, int quarterTurns,
+                                           bool mirrorLeftRight, bool mirrorTopBottom);
+
 /// A redrawn, non-opaque copy of \a image at the screen's scale, or \a image itself if that fails.
 QImage copy(const QImage& image);
 

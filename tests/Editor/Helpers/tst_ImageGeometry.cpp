@@ -148,6 +148,55 @@ private slots:
         QVERIFY2(near(topCentre, Qt::red, 10), qPrintable(topCentre.name()));
     }
 
+    void onePass_equalsCutTurnAndFlipsInTurn_data()
+    {
+        QTest::addColumn<QImage::Format>("format");
+        QTest::addColumn<int>("turns");
+        QTest::addColumn<bool>("mirrorLeftRight");
+        QTest::addColumn<bool>("mirrorTopBottom");
+        for (const auto format :
+             {QImage::Format_RGB32, QImage::Format_ARGB32, QImage::Format_ARGB32_Premultiplied}) {
+            for (int turns = -1; turns <= 4; ++turns) {
+                for (const int mirrors : {0, 1, 2, 3})
+                    QTest::addRow("format %d, %d turns, mirrors %d", int(format), turns, mirrors)
+                        << format << turns << bool(mirrors & 1) << bool(mirrors & 2);
+            }
+        }
+    }
+
+    void onePass_equalsCutTurnAndFlipsInTurn()
+    {
+        QFETCH(QImage::Format, format);
+        QFETCH(int, turns);
+        QFETCH(bool, mirrorLeftRight);
+        QFETCH(bool, mirrorTopBottom);
+        // Wider than a tile and not a multiple of it, so tile edges are crossed.
+        const QImage image = noise(QSize(203, 157), format);
+        const QRect cut(7, 11, 150, 131);
+
+        const auto onePass =
+            ImageHelpers::cutTurnedAndMirrored(image, cut, turns, mirrorLeftRight, mirrorTopBottom);
+
+        QImage expected = *ImageHelpers::rotate(image.copy(cut), Angle::degrees(90.0 * turns).radians());
+        if (mirrorLeftRight)
+            expected = *ImageHelpers::horizontallyFlipped(expected);
+        if (mirrorTopBottom)
+            expected = *ImageHelpers::verticallyFlipped(expected);
+        QVERIFY(onePass);
+        QCOMPARE(onePass->format(), format);
+        QVERIFY(samePixels(*onePass, expected));
+    }
+
+    void onePass_refusesWhatItCannotDoExactly()
+    {
+        const QImage image = noise(QSize(50, 40), QImage::Format_RGB32);
+        QVERIFY(!ImageHelpers::cutTurnedAndMirrored(image, QRect(10, 10, 41, 10), 1, false, false));
+        QVERIFY(!ImageHelpers::cutTurnedAndMirrored(image, QRect(-1, 0, 10, 10), 1, false, false));
+        QVERIFY(!ImageHelpers::cutTurnedAndMirrored(image, QRect(0, 0, 0, 10), 1, false, false));
+        QVERIFY(!ImageHelpers::cutTurnedAndMirrored(image.convertToFormat(QImage::Format_RGB888),
+                                                    QRect(0, 0, 10, 10), 1, false, false));
+    }
+
     void nullImage_givesNothing()
     {
         QVERIFY(!ImageHelpers::rotate(QImage(), 1.0));
@@ -155,12 +204,15 @@ private slots:
         QVERIFY(!ImageHelpers::verticallyFlipped(QImage()));
     }
 
-    void flips_keepTheScale()
+    void flipsAndOnePass_keepTheScale()
     {
         QImage image = noise(QSize(30, 20), QImage::Format_RGB32);
         image.setDevicePixelRatio(3.0);
         QCOMPARE(ImageHelpers::horizontallyFlipped(image)->devicePixelRatio(), 3.0);
         QCOMPARE(ImageHelpers::verticallyFlipped(image)->devicePixelRatio(), 3.0);
+        QCOMPARE(
+            ImageHelpers::cutTurnedAndMirrored(image, QRect(0, 0, 9, 6), 1, true, false)->devicePixelRatio(),
+            3.0);
     }
 };
 
