@@ -42,6 +42,8 @@ QImage ImageCropperImp::crop(const QuorvaneSdkImageCropInput& input)
     validateCropRange(input);
     const QRectF rect(double(input.startXPoint), double(input.startYPoint), double(input.width),
                       double(input.height));
+    if (auto done = cropInOnePass(input, rect))
+        return std::move(*done);
     std::optional<QImage> cut = crop(input.image, rect);
     if (!cut) {
         log("crop image failed", SharedQuorvaneSdkLogSeverity::error);
