@@ -32,10 +32,12 @@ qint64 truncatedPoints(double value)
 
 } // namespace
 
-CropperViewModel::CropperViewModel(QImage image, ImageCropper& cropper, QObject* parent)
+CropperViewModel::CropperViewModel(QImage image, std::shared_ptr<ImageCropper> cropper,
+                                   std::function<void(std::optional<QImage>)> returnAction, QObject* parent)
     : QObject(parent)
     , m_currentImage(std::move(image))
-    , m_cropper(cropper)
+    , m_cropper(std::move(cropper))
+    , m_returnAction(std::move(returnAction))
     , m_flipHorizontallyButtonColor(BrandColor::gray())
     , m_flipVericallyButtonColor(BrandColor::gray())
 {}
@@ -199,7 +201,7 @@ std::optional<QImage> CropperViewModel::cropImage()
     assign(this, m_isCroppingInProgress, true, &CropperViewModel::isCroppingInProgressChanged);
     std::optional<QImage> result;
     try {
-        result = m_cropper.crop(input);
+        result = m_cropper->crop(input);
     } catch (const QuorvaneSdkImageError&) {
         // The service has logged it; the page stays open with nothing cropped.
     }
@@ -248,6 +250,30 @@ void CropperViewModel::undoLastAction()
     const TrackedAction last = m_trackedActions.takeLast();
     last.undo();
     emit trackedActionsChanged();
+}
+
+void CropperViewModel::cancel()
+{
+    if (m_isCroppingInProgress)
+        return;
+    leave(std::nullopt);
+}
+
+void CropperViewModel::crop()
+{
+    if (m_trackedActions.isEmpty() || m_isCroppingInProgress)
+        return;
+    leave(cropImage());
+}
+
+void CropperViewModel::leave(std::optional<QImage> image)
+{
+    // A page hands back its result once; a second tap while the editor switches pages is ignored.
+    if (m_hasReturned)
+        return;
+    m_hasReturned = true;
+    if (m_returnAction)
+        m_returnAction(std::move(image));
 }
 
 void CropperViewModel::saveCurrentImageVersionIfNeeded()

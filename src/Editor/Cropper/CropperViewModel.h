@@ -11,6 +11,8 @@
 #include <QPointF>
 #include <QSizeF>
 #include <QtQml/qqmlregistration.h>
+#include <functional>
+#include <memory>
 #include <optional>
 
 /// The crop screen's state: the displayed frame, the crop rectangle (four fractions of the frame), the turn
@@ -29,6 +31,7 @@ class CropperViewModel : public QObject
     Q_PROPERTY(QColor cropBorderColor READ cropBorderColor NOTIFY cropBorderColorChanged)
     Q_PROPERTY(bool isCropperSetup READ isCropperSetup NOTIFY isCropperSetupChanged)
     Q_PROPERTY(int trackedActionCount READ trackedActionCount NOTIFY trackedActionsChanged)
+    Q_PROPERTY(bool hasTrackedActions READ hasTrackedActions NOTIFY trackedActionsChanged)
     /// Degrees, accumulated without normalising (−90, −180, ... after repeated left turns).
     Q_PROPERTY(qreal rotationAngle READ rotationDegrees NOTIFY rotationAngleChanged)
     Q_PROPERTY(bool flipHorizontally READ flipHorizontally NOTIFY flipHorizontallyChanged)
@@ -57,8 +60,10 @@ public:
 
     static constexpr qreal kHandleRadius = 20.0;
 
-    /// \a cropper must outlive the model.
-    CropperViewModel(QImage image, ImageCropper& cropper, QObject* parent = nullptr);
+    /// The crop page's model for \a image. \a returnAction receives the page's result once: the cropped
+    /// image, or nothing when the page is cancelled or cropping fails.
+    CropperViewModel(QImage image, std::shared_ptr<ImageCropper> cropper,
+                     std::function<void(std::optional<QImage>)> returnAction = {}, QObject* parent = nullptr);
 
     QImage currentImage() const { return m_currentImage; }
     QSizeF imageFrameSize() const { return m_imageFrameSize; }
@@ -70,6 +75,7 @@ public:
     bool isCropperSetup() const { return m_isCropperSetup; }
     const QList<TrackedAction>& trackedActions() const { return m_trackedActions; }
     int trackedActionCount() const { return int(m_trackedActions.size()); }
+    bool hasTrackedActions() const { return !m_trackedActions.isEmpty(); }
     Angle rotationAngle() const { return m_rotationAngle; }
     qreal rotationDegrees() const { return m_rotationAngle.degrees(); }
     bool flipHorizontally() const { return m_flipHorizontally; }
@@ -103,6 +109,17 @@ public:
     /// Mirrors top to bottom as seen on screen.
     void flipVertically(bool trackAction);
     Q_INVOKABLE void undoLastAction();
+
+    /// The screen's buttons: tracked edits.
+    Q_INVOKABLE void rotateLeftTracked() { rotateLeft(true); }
+    Q_INVOKABLE void rotateRightTracked() { rotateRight(true); }
+    Q_INVOKABLE void toggleFlipHorizontally() { flipHorizontally(true); }
+    Q_INVOKABLE void toggleFlipVertically() { flipVertically(true); }
+
+    /// "CANCEL": leaves with nothing, unless a crop is in progress.
+    Q_INVOKABLE void cancel();
+    /// "CROP": leaves with the cropped image (nothing if cropping fails). Only after an edit.
+    Q_INVOKABLE void crop();
 
 signals:
     void imageFrameSizeChanged();
@@ -141,8 +158,12 @@ private:
     void setCropBorderColor(const QColor& color);
     void track(std::function<void(CropperViewModel&)> undo);
 
+    void leave(std::optional<QImage> image);
+
     QImage m_currentImage;
-    ImageCropper& m_cropper;
+    std::shared_ptr<ImageCropper> m_cropper;
+    std::function<void(std::optional<QImage>)> m_returnAction;
+    bool m_hasReturned = false;
     QSizeF m_imageFrameSize;
     qreal m_topCropHeight = 0;
     qreal m_bottomCropHeight = 0;

@@ -4,6 +4,7 @@
 
 #include <QSignalSpy>
 #include <QTest>
+#include <functional>
 
 namespace {
 
@@ -14,6 +15,8 @@ public:
     QImage crop(const QuorvaneSdkImageCropInput& image) override
     {
         last.emplace(image);
+        if (whileCropping)
+            whileCropping();
         if (fail)
             throw QuorvaneSdkImageError(QuorvaneSdkImageError::invalidCropRange);
         return QImage(1, 1, QImage::Format_RGB32);
@@ -21,6 +24,7 @@ public:
 
     std::optional<QuorvaneSdkImageCropInput> last;
     bool fail = false;
+    std::function<void()> whileCropping;
 };
 
 using Edge = CropperViewModel::CropEdge;
@@ -60,7 +64,7 @@ class tst_CropperViewModel : public QObject
     Q_OBJECT
 
 private:
-    RecordingCropper m_cropper;
+    std::shared_ptr<RecordingCropper> m_cropper = std::make_shared<RecordingCropper>();
 
     // A 4000 × 3000 point image in a 390 × 600 area: frame 390 × 292.5, turned frame 520 × 390.
     std::unique_ptr<CropperViewModel> laidOut()
@@ -401,24 +405,82 @@ private slots:
 
         QVERIFY(model->cropImage());
 
-        QVERIFY(m_cropper.last);
-        QCOMPARE(m_cropper.last->startXPoint, expected.x());
-        QCOMPARE(m_cropper.last->startYPoint, expected.y());
-        QCOMPARE(m_cropper.last->width, expected.width());
-        QCOMPARE(m_cropper.last->height, expected.height());
-        QCOMPARE(m_cropper.last->rotation.degrees(), 90.0);
-        QVERIFY(m_cropper.last->flipHorizontally);
-        QVERIFY(!m_cropper.last->flipVertically);
+        QVERIFY(m_cropper->last);
+        QCOMPARE(m_cropper->last->startXPoint, expected.x());
+        QCOMPARE(m_cropper->last->startYPoint, expected.y());
+        QCOMPARE(m_cropper->last->width, expected.width());
+        QCOMPARE(m_cropper->last->height, expected.height());
+        QCOMPARE(m_cropper->last->rotation.degrees(), 90.0);
+        QVERIFY(m_cropper->last->flipHorizontally);
+        QVERIFY(!m_cropper->last->flipVertically);
         QCOMPARE(progress.count(), 2);
         QVERIFY(!model->isCroppingInProgress());
+    }
+
+    void closingButtons_returnOnce_data()
+    {
+        QTest::addColumn<bool>("edited");
+        QTest::addColumn<QString>("button");
+        QTest::addColumn<bool>("cropFails");
+        QTest::addColumn<int>("returns");
+        QTest::addColumn<bool>("withImage");
+        QTest::newRow("cancel") << false << "cancel" << false << 1 << false;
+        QTest::newRow("cancel after an edit") << true << "cancel" << false << 1 << false;
+        QTest::newRow("crop before any edit is disabled") << false << "crop" << false << 0 << false;
+        QTest::newRow("crop after an edit") << true << "crop" << false << 1 << true;
+        QTest::newRow("crop that fails") << true << "crop" << true << 1 << false;
+    }
+
+    void closingButtons_returnOnce()
+    {
+        QFETCH(bool, edited);
+        QFETCH(QString, button);
+        QFETCH(bool, cropFails);
+        QFETCH(int, returns);
+        QFETCH(bool, withImage);
+        QList<std::optional<QImage>> results;
+        CropperViewModel model(imageOfPoints(QSizeF(400, 300)), m_cropper,
+                               [&](std::optional<QImage> image) { results.append(std::move(image)); });
+        model.setupCropperLayout(QSizeF(390, 600));
+        if (edited)
+            model.rotateRightTracked();
+        m_cropper->fail = cropFails;
+
+        for (int press = 0; press < 2; ++press)
+            button == u"crop" ? model.crop() : model.cancel();
+        m_cropper->fail = false;
+
+        QCOMPARE(results.size(), returns);
+        if (returns > 0)
+            QCOMPARE(results.first().has_value(), withImage);
+    }
+
+    void cancel_whileCropping_doesNothing()
+    {
+        QList<std::optional<QImage>> results;
+        CropperViewModel model(imageOfPoints(QSizeF(400, 300)), m_cropper,
+                               [&](std::optional<QImage> image) { results.append(std::move(image)); });
+        model.setupCropperLayout(QSizeF(390, 600));
+        model.toggleFlipHorizontally();
+        bool inProgress = false;
+        m_cropper->whileCropping = [&] {
+            inProgress = model.isCroppingInProgress();
+            model.cancel();
+        };
+        model.crop();
+        m_cropper->whileCropping = nullptr;
+
+        QVERIFY(inProgress);
+        QCOMPARE(results.size(), 1);
+        QVERIFY(results.first().has_value());
     }
 
     void cropImage_whenTheServiceFails_givesNothing()
     {
         auto model = laidOut();
-        m_cropper.fail = true;
+        m_cropper->fail = true;
         QVERIFY(!model->cropImage());
-        m_cropper.fail = false;
+        m_cropper->fail = false;
         QVERIFY(!model->isCroppingInProgress());
     }
 };
