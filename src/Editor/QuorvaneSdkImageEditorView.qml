@@ -8,6 +8,9 @@ Rectangle {
 
     required property quorvaneSdkImageEditorPreset preset
     readonly property QuorvaneSdkImageEditorViewModel viewModel: session
+    /// Space the host's system bars take at the top and bottom, in points.
+    property real topInset: 0
+    property real bottomInset: 0
 
     signal completion(quorvaneSdkImageEditorResult result)
 
@@ -16,6 +19,7 @@ Rectangle {
     QuorvaneSdkImageEditorViewModel {
         id: session
         preset: root.preset
+        onCompletion: (result) => root.completion(result)
     }
 
     Loader {
@@ -25,16 +29,17 @@ Rectangle {
 
     Component {
         id: editor
-        ImagePreview {
-            objectName: "currentImage"
-            image: session.image
+        ImageEditorView {
+            viewModel: session.editor
+            topInset: root.topInset
+            bottomInset: root.bottomInset
         }
     }
 
     Component {
         id: errorScreen
         ErrorView {
-            onReturnAction: root.completion(session.resultFor(undefined))
+            onReturnAction: session.acceptError()
         }
     }
 }

@@ -35,6 +35,11 @@ void QuorvaneSdkImageEditorViewModel::start()
     ImageLogger::shared().log(QStringLiteral("QuorvaneSdkImageEditorViewModel"),
                               QStringLiteral("initialize image editor"));
     m_image = m_preset.image();
+    if (m_image) {
+        m_editor = new ImageEditorViewModel(*m_image, this);
+        connect(m_editor, &ImageEditorViewModel::returnAction, this,
+                [this](const std::optional<QImage>& image) { emit completion(getResult(image)); });
+    }
     m_started = true;
     emit imageChanged();
     emit startedChanged();

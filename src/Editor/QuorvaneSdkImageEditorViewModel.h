@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ImageEditorViewModel.h"
 #include "ImageSaver/ImageSaver.h"
 #include "QuorvaneSdkImageEditorPreset.h"
 #include "QuorvaneSdkImageEditorResult.h"
@@ -20,6 +21,8 @@ class QuorvaneSdkImageEditorViewModel : public QObject, public QQmlParserStatus
     Q_PROPERTY(QImage image READ imageOrNull NOTIFY imageChanged)
     Q_PROPERTY(bool hasImage READ hasImage NOTIFY imageChanged)
     Q_PROPERTY(bool started READ started NOTIFY startedChanged)
+    /// The editor, for as long as the session lives; null when there is no image.
+    Q_PROPERTY(ImageEditorViewModel* editor READ editor NOTIFY startedChanged)
 
 public:
     explicit QuorvaneSdkImageEditorViewModel(QObject* parent = nullptr);
@@ -31,6 +34,7 @@ public:
     QImage imageOrNull() const { return m_image.value_or(QImage()); }
     bool hasImage() const { return m_image.has_value(); }
     bool started() const { return m_started; }
+    ImageEditorViewModel* editor() const { return m_editor; }
 
     /// Taken once, before the session starts; later values are ignored.
     QuorvaneSdkImageEditorPreset preset() const { return m_preset; }
@@ -43,6 +47,9 @@ public:
     /// getResult() for QML: a null or undefined \a image means none.
     Q_INVOKABLE QuorvaneSdkImageEditorResult resultFor(const QVariant& image);
 
+    /// The error screen's "Accept": the session ends with an empty result.
+    Q_INVOKABLE void acceptError() { emit completion(getResult(std::nullopt)); }
+
     void classBegin() override;
     void componentComplete() override;
 
@@ -50,6 +57,8 @@ signals:
     void presetChanged();
     void imageChanged();
     void startedChanged();
+    /// The user left the editor (or the error screen); the host receives \a result.
+    void completion(const QuorvaneSdkImageEditorResult& result);
 
 private:
     void start();
@@ -57,6 +66,7 @@ private:
     QuorvaneSdkImageEditorPreset m_preset;
     std::shared_ptr<ImageSaver> m_imageSaver;
     std::optional<QImage> m_image;
+    ImageEditorViewModel* m_editor = nullptr;
     bool m_started = false;
     bool m_declaredInQml = false;
 };

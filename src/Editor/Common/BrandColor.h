@@ -1,18 +1,21 @@
 #pragma once
 
 #include <QColor>
+#include <QObject>
+#include <QtQml/qqmlregistration.h>
 
-/// The brand's colours, shared by C++ models and (through them) the screens.
-namespace BrandColor {
-
-inline QColor ambar()
+/// The brand's colours, for C++ models and, as a singleton, for the screens.
+class BrandColor : public QObject
 {
-    return QColor(0xFF, 0xB3, 0x00);
-}
+    Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
+    Q_PROPERTY(QColor ambar READ ambar CONSTANT)
+    Q_PROPERTY(QColor gray READ gray CONSTANT)
 
-inline QColor gray()
-{
-    return QColor(0x3A, 0x3A, 0x3C);
-}
+public:
+    using QObject::QObject;
 
-} // namespace BrandColor
+    static QColor ambar() { return QColor(0xFF, 0xB3, 0x00); }
+    static QColor gray() { return QColor(0x3A, 0x3A, 0x3C); }
+};

@@ -1,0 +1,81 @@
+#include "ImageEditorViewModel.h"
+
+#include "Cropper/ImageCropperImp.h"
+
+#include <QMetaEnum>
+
+QString ImageEditorViewModel::rawValue(Page page)
+{
+    return QString::fromLatin1(QMetaEnum::fromType<Page>().valueToKey(int(page)));
+}
+
+std::optional<ImageEditorViewModel::Page> ImageEditorViewModel::page(const QString& rawValue)
+{
+    bool ok = false;
+    const int value = QMetaEnum::fromType<Page>().keyToValue(rawValue.toLatin1().constData(), &ok);
+    if (!ok)
+        return std::nullopt;
+    return Page(value);
+}
+
+ImageEditorViewModel::ImageEditorViewModel(QImage image, QObject* parent)
+    : QObject(parent)
+    , m_image(std::move(image))
+{}
+
+void ImageEditorViewModel::navigate(Page page)
+{
+    if (page == m_page)
+        return;
+    // Each tool page's model lives while its page is shown.
+    if (m_cropper) {
+        m_cropper->deleteLater(); // it may be the caller, handing back its result
+        m_cropper = nullptr;
+    }
+    if (page == Page::crop) {
+        QPointer<ImageEditorViewModel> self(this);
+        m_cropper = new CropperViewModel(
+            m_image, std::make_shared<ImageCropperImp>(),
+            [self](std::optional<QImage> result) {
+                if (self)
+                    self->addNewImageVerion(std::move(result));
+            },
+            this);
+    }
+    m_page = page;
+    emit pageChanged();
+}
+
+void ImageEditorViewModel::navigate(const QString& rawValue)
+{
+    if (const auto target = page(rawValue))
+        navigate(*target);
+}
+
+void ImageEditorViewModel::addNewImageVerion(std::optional<QImage> image)
+{
+    navigate(Page::base);
+    if (!image)
+        return;
+    m_previousImageVersions.append(m_image);
+    m_image = std::move(*image);
+    emit previousImageVersionsChanged();
+    emit imageChanged();
+}
+
+void ImageEditorViewModel::restoreLastImageVersion()
+{
+    auto last = getLastImageVersion();
+    if (!last)
+        return;
+    m_image = std::move(*last);
+    emit previousImageVersionsChanged();
+    emit imageChanged();
+}
+
+std::optional<QImage> ImageEditorViewModel::getLastImageVersion()
+{
+    if (m_previousImageVersions.isEmpty())
+        return std::nullopt;
+    return m_previousImageVersions.takeLast();
+}

@@ -1,0 +1,187 @@
+#include "Editor/Cropper/CropperViewModel.h"
+#include "Editor/QuorvaneSdkImageEditorViewModel.h"
+#include "EditorScreen.h"
+#include "TestImages.h"
+
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QtQml/QQmlExtensionPlugin>
+
+Q_IMPORT_QML_PLUGIN(Quorvane_SdkImagePlugin)
+
+using namespace TestImages;
+
+class tst_ImageEditorView : public QObject
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_dir;
+    QString m_photo;
+    QString m_output;
+
+    QuorvaneSdkImageEditorPreset preset() const
+    {
+        return QuorvaneSdkImageEditorPreset(QUrl::fromLocalFile(m_photo), QuorvaneSdkImageOutputFormat::png(),
+                                            QUrl::fromLocalFile(m_output), std::nullopt);
+    }
+
+    static ImageEditorViewModel* editor(EditorScreen& screen)
+    {
+        return screen.view()
+            .rootObject()
+            ->property("viewModel")
+            .value<QuorvaneSdkImageEditorViewModel*>()
+            ->editor();
+    }
+
+    static void openCrop(EditorScreen& screen)
+    {
+        screen.tap("cropTab");
+        QVERIFY(screen.waitForToolPage());
+        QVERIFY(screen.isShown("cropFrame"));
+    }
+
+private slots:
+    void initTestCase()
+    {
+        QStandardPaths::setTestModeEnabled(true);
+        // A real photograph, kept small enough for a quick test but cut and turned at full resolution.
+        m_photo = m_dir.filePath(QStringLiteral("photo.png"));
+        QVERIFY(writeFile(m_photo, encode(QImage(photoPath()).copy(1000, 800, 1200, 900), "png")));
+        m_output = m_dir.filePath(QStringLiteral("result.png"));
+    }
+
+    void basePage_offersCropAndDraw_andKeepsTheHiddenTabsPlaces_data()
+    {
+        QTest::addColumn<QSize>("windowSize");
+        QTest::newRow("phone") << QSize(390, 844);
+        QTest::newRow("tablet") << QSize(1024, 1366);
+    }
+
+    void basePage_offersCropAndDraw_andKeepsTheHiddenTabsPlaces()
+    {
+        QFETCH(QSize, windowSize);
+        EditorScreen screen(preset(), windowSize);
+
+        QVERIFY(screen.isShown("closeButton"));
+        QVERIFY(screen.isShown("cropTab"));
+        QVERIFY(screen.isShown("drawTab"));
+        QVERIFY(!screen.isShown("filtersTab"));
+        QVERIFY(!screen.isShown("adjustTab"));
+        QVERIFY(!screen.isShown("undoButton"));
+        QVERIFY(!screen.isShown("continueButton"));
+        const qreal crop = screen.find("cropTab")->x();
+        const qreal draw = screen.find("drawTab")->x();
+        const qreal filters = screen.find("filtersTab")->x();
+        const qreal adjust = screen.find("adjustTab")->x();
+        QVERIFY(crop < draw && draw < filters && filters < adjust);
+        for (const char* name : {"closeButton", "cropTab", "drawTab"}) {
+            QVERIFY(screen.find(name)->width() >= 44);
+            QVERIFY(screen.find(name)->height() >= 44);
+        }
+
+        screen.tap("filtersTab");
+        screen.tap("adjustTab");
+        QCOMPARE(editor(screen)->pageName(), QStringLiteral("base"));
+    }
+
+    void wholeSession_cropTurnFlip_deliversTheFullResolutionPicture()
+    {
+        EditorScreen screen(preset());
+        openCrop(screen);
+        const QQuickItem* frame = screen.find("cropFrame");
+        CropperViewModel* cropper = editor(screen)->cropper();
+        QVERIFY(!screen.isShown("cropUndoButton"));
+        QCOMPARE(screen.find("cropButton")->property("isDisabled").toBool(), true);
+
+        screen.drag(frame, QPointF(4, 4), QPointF(frame->width() * 0.25, frame->height() * 0.2));
+        QVERIFY(screen.isShown("cropUndoButton"));
+        screen.tap("rotateRightButton");
+        screen.tap("flipHorizontallyButton");
+        QCOMPARE(screen.find("cropButton")->property("isDisabled").toBool(), false);
+        const std::optional<QImage> expected = cropper->cropImage();
+        QVERIFY(expected);
+        QVERIFY(expected->width() < 900 && expected->width() > 600); // turned: the height became the width
+        QVERIFY(expected->height() < 1200 && expected->height() > 800);
+
+        screen.tap("cropButton");
+        QTRY_COMPARE(editor(screen)->pageName(), QStringLiteral("base"));
+        QVERIFY(screen.isShown("undoButton"));
+        QVERIFY(screen.isShown("continueButton"));
+        screen.tap("continueButton");
+
+        QCOMPARE(screen.completionCount(), 1);
+        const QuorvaneSdkImageEditorResult result = screen.completion(0);
+        QVERIFY(result.editedImage());
+        QCOMPARE(result.editedImage()->convertToFormat(QImage::Format_RGB32),
+                 expected->convertToFormat(QImage::Format_RGB32));
+        QCOMPARE(result.editedImageURL(), std::optional<QUrl>(QUrl::fromLocalFile(m_output)));
+        QCOMPARE(QImage(m_output).convertToFormat(QImage::Format_RGB32),
+                 expected->convertToFormat(QImage::Format_RGB32));
+    }
+
+    void undoOnTheBasePage_hidesUndoAndContinueAgain()
+    {
+        EditorScreen screen(preset());
+        openCrop(screen);
+        screen.tap("rotateLeftButton");
+        screen.tap("cropButton");
+        QTRY_VERIFY(screen.isShown("continueButton"));
+        QCOMPARE(editor(screen)->image().size(), QSize(900, 1200));
+
+        screen.tap("undoButton");
+
+        QVERIFY(!screen.isShown("undoButton"));
+        QVERIFY(!screen.isShown("continueButton"));
+        QCOMPARE(editor(screen)->image().size(), QSize(1200, 900));
+    }
+
+    void cancelAndClose_returnNothing()
+    {
+        EditorScreen screen(preset());
+        openCrop(screen);
+        screen.tap("flipVerticallyButton");
+        screen.tap("cancelButton");
+        QTRY_COMPARE(editor(screen)->pageName(), QStringLiteral("base"));
+        QVERIFY(!editor(screen)->hasPreviousImageVersions());
+
+        screen.tap("closeButton");
+        QCOMPARE(screen.completionCount(), 1);
+        QVERIFY(!screen.completion(0).editedImage());
+        QVERIFY(!screen.completion(0).editedImageURL());
+    }
+
+    void drawPage_untilBuilt_returnsNothing()
+    {
+        EditorScreen screen(preset());
+        screen.tap("drawTab");
+        QVERIFY(screen.waitForToolPage());
+        QCOMPARE(editor(screen)->pageName(), QStringLiteral("canvas"));
+        screen.tap("cancelButton");
+        QTRY_COMPARE(editor(screen)->pageName(), QStringLiteral("base"));
+        QVERIFY(!editor(screen)->hasPreviousImageVersions());
+    }
+
+    void keyboard_undoesAndLeavesThePageShown()
+    {
+        EditorScreen screen(preset());
+        openCrop(screen);
+        screen.tap("rotateRightButton");
+        screen.key(Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(editor(screen)->cropper()->rotationDegrees(), 0.0);
+        screen.key(Qt::Key_Escape);
+        QTRY_COMPARE(editor(screen)->pageName(), QStringLiteral("base"));
+
+        editor(screen)->addNewImageVerion(TestImages::quadrants(QSize(10, 10)));
+        screen.key(Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(editor(screen)->image().size(), QSize(1200, 900));
+        screen.key(Qt::Key_Escape);
+        QCOMPARE(screen.completionCount(), 1);
+        QVERIFY(!screen.completion(0).editedImage());
+    }
+};
+
+QTEST_MAIN(tst_ImageEditorView)
+#include "tst_ImageEditorView.moc"

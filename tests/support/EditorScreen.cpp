@@ -1,0 +1,90 @@
+#include "EditorScreen.h"
+
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QTest>
+
+EditorScreen::EditorScreen(const QuorvaneSdkImageEditorPreset& preset, QSize size)
+{
+    m_view.engine()->addImportPath(QStringLiteral("qrc:/qt/qml"));
+    m_view.setInitialProperties({{QStringLiteral("preset"), QVariant::fromValue(preset)}});
+    m_view.setResizeMode(QQuickView::SizeRootObjectToView);
+    m_view.resize(size);
+    m_view.setSource(
+        QUrl(QStringLiteral("qrc:/qt/qml/Quorvane/SdkImage/Editor/QuorvaneSdkImageEditorView.qml")));
+    m_view.show();
+    QObject* root = m_view.rootObject();
+    if (!QTest::qWaitForWindowExposed(&m_view) || !root)
+        qFatal("the editor screen did not load: %s", qPrintable(m_view.errors().value(0).toString()));
+    const QMetaObject* meta = root->metaObject();
+    m_completions = std::make_unique<QSignalSpy>(
+        root, meta->method(meta->indexOfSignal(
+                  QMetaObject::normalizedSignature("completion(QuorvaneSdkImageEditorResult)").constData())));
+}
+
+QQuickItem* EditorScreen::find(const char* objectName) const
+{
+    return m_view.rootObject()->findChild<QQuickItem*>(QString::fromLatin1(objectName));
+}
+
+QString EditorScreen::text(const char* objectName) const
+{
+    const QQuickItem* item = find(objectName);
+    return item ? item->property("text").toString() : QString();
+}
+
+bool EditorScreen::isShown(const char* objectName) const
+{
+    for (const QQuickItem* item = find(objectName); item; item = item->parentItem()) {
+        if (!item->isVisible() || item->opacity() == 0.0)
+            return false;
+        if (item == m_view.rootObject())
+            return true;
+    }
+    return false;
+}
+
+void EditorScreen::tap(const char* objectName)
+{
+    const QQuickItem* item = find(objectName);
+    if (!item)
+        qFatal("no item named %s on screen", objectName);
+    tap(item);
+}
+
+void EditorScreen::tap(const QQuickItem* item)
+{
+    const QPointF centre = item->mapToScene(QPointF(item->width() / 2, item->height() / 2));
+    QTest::mouseClick(&m_view, Qt::LeftButton, {}, centre.toPoint());
+}
+
+void EditorScreen::drag(const QQuickItem* item, QPointF from, QPointF to)
+{
+    const QPoint start = item->mapToScene(from).toPoint();
+    QTest::mousePress(&m_view, Qt::LeftButton, {}, start);
+    constexpr int kSteps = 12;
+    for (int step = 1; step <= kSteps; ++step) {
+        const QPointF local = from + (to - from) * (qreal(step) / kSteps);
+        QTest::mouseMove(&m_view, item->mapToScene(local).toPoint(), 5);
+    }
+    QTest::mouseRelease(&m_view, Qt::LeftButton, {}, item->mapToScene(to).toPoint());
+}
+
+void EditorScreen::key(Qt::Key key, Qt::KeyboardModifiers modifiers)
+{
+    QTest::keyClick(&m_view, key, modifiers);
+}
+
+bool EditorScreen::waitForToolPage()
+{
+    const QQuickItem* loader = find("toolPage");
+    return QTest::qWaitFor([&] {
+        const auto* page = loader ? loader->childItems().value(0) : nullptr;
+        return page && page->y() == 0.0;
+    });
+}
+
+QuorvaneSdkImageEditorResult EditorScreen::completion(int index) const
+{
+    return m_completions->at(index).at(0).value<QuorvaneSdkImageEditorResult>();
+}

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "Editor/QuorvaneSdkImageEditorPreset.h"
+#include "Editor/QuorvaneSdkImageEditorResult.h"
+
+#include <QQuickItem>
+#include <QQuickView>
+#include <QSignalSpy>
+#include <memory>
+
+/// The public editor screen in a real offscreen window, driven as a person would: taps and drags through
+/// the window. The test executable imports the QML plugin.
+class EditorScreen
+{
+public:
+    explicit EditorScreen(const QuorvaneSdkImageEditorPreset& preset, QSize size = QSize(390, 844));
+
+    QQuickView& view() { return m_view; }
+    QQuickItem* find(const char* objectName) const;
+    QString text(const char* objectName) const;
+    /// Whether the item exists and a person could see it (itself and every ancestor visible and opaque).
+    bool isShown(const char* objectName) const;
+
+    void tap(const char* objectName);
+    void tap(const QQuickItem* item);
+    /// A one-finger drag on \a item from \a from to \a to, in the item's own coordinates, in small steps.
+    void drag(const QQuickItem* item, QPointF from, QPointF to);
+    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
+
+    /// Waits until the tool page has finished rising into place.
+    bool waitForToolPage();
+
+    int completionCount() const { return int(m_completions->count()); }
+    QuorvaneSdkImageEditorResult completion(int index) const;
+
+private:
+    QQuickView m_view;
+    std::unique_ptr<QSignalSpy> m_completions;
+};
