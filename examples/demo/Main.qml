@@ -1,7 +1,9 @@
 import QtQuick
+import QtQuick.Dialogs
 import QtQuick.Window
 import Quorvane.SdkImage
 
+// The demo host: the editor full screen, then what it handed back, with a way to edit another photo.
 Window {
     id: window
 
@@ -15,20 +17,24 @@ Window {
     color: "black"
     title: qsTr("Quorvane SDK Image demo")
 
-    QuorvaneSdkImageEditorView {
+    Loader {
+        id: editor
         anchors.fill: parent
-        visible: !window.finished
-        preset: window.preset
-        onCompletion: (result) => {
-            window.result = result
-            window.finished = true
+        active: !window.finished
+        sourceComponent: QuorvaneSdkImageEditorView {
+            preset: window.preset
+            onCompletion: (result) => {
+                window.result = result
+                window.finished = true
+            }
         }
     }
 
     Column {
+        objectName: "resultPage"
         anchors.centerIn: parent
         width: parent.width - 32
-        spacing: 12
+        spacing: 16
         visible: window.finished
 
         Image {
@@ -43,11 +49,33 @@ Window {
             width: parent.width
             color: "white"
             wrapMode: Text.Wrap
+            font.pixelSize: 15
             text: window.result.hasImage
                   ? qsTr("%1 × %2 pixels\n%3").arg(window.result.pixelSize.width)
                                                .arg(window.result.pixelSize.height)
                                                .arg(window.result.editedImageURL.toString() || qsTr("not saved"))
                   : qsTr("The editor returned no image.")
+        }
+        Row {
+            spacing: 16
+            OutlineButton {
+                title: qsTr("EDIT AGAIN")
+                onClicked: window.finished = false
+            }
+            FilledButton {
+                title: qsTr("OPEN…")
+                onClicked: picker.open()
+            }
+        }
+    }
+
+    FileDialog {
+        id: picker
+        title: qsTr("Choose a photo")
+        nameFilters: [qsTr("Images (*.jpg *.jpeg *.png *.webp *.bmp *.gif *.tif *.tiff)")]
+        onAccepted: {
+            window.preset = QuorvaneSdkImage.presetFromImageUrl(selectedFile)
+            window.finished = false
         }
     }
 }

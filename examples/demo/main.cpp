@@ -1,7 +1,9 @@
 // The demo host: opens the editor full screen on a photo and shows what came back.
-//   quorvane-demo [IMAGE] [--screenshot FILE]
+//   quorvane-demo [IMAGE] [--screenshot FILE] [--size WxH] [--page crop]
 #include "Editor/QuorvaneSdkImageEditorPreset.h"
+#include "Editor/QuorvaneSdkImageEditorViewModel.h"
 
+#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QQmlApplicationEngine>
@@ -19,6 +21,8 @@ struct DemoOptions
     QString image;
     QString screenshot;
     bool takeScreenshot = false;
+    QSize size{390, 844};
+    QString page;
 };
 
 DemoOptions parseOptions(int argc, char* argv[])
@@ -30,6 +34,12 @@ DemoOptions parseOptions(int argc, char* argv[])
             options.takeScreenshot = true;
             if (i + 1 < argc)
                 options.screenshot = QString::fromLocal8Bit(argv[++i]);
+        } else if (argument == u"--size" && i + 1 < argc) {
+            const QStringList parts = QString::fromLocal8Bit(argv[++i]).split(u'x');
+            if (parts.size() == 2)
+                options.size = QSize(parts[0].toInt(), parts[1].toInt());
+        } else if (argument == u"--page" && i + 1 < argc) {
+            options.page = QString::fromLocal8Bit(argv[++i]);
         } else {
             options.image = argument;
         }
@@ -47,6 +57,8 @@ bool hasDisplay()
 
 int main(int argc, char* argv[])
 {
+    QElapsedTimer sinceStart;
+    sinceStart.start();
     DemoOptions options = parseOptions(argc, argv);
     if (!hasDisplay())
         options.takeScreenshot = true;
@@ -74,13 +86,39 @@ int main(int argc, char* argv[])
     auto* window = qobject_cast<QQuickWindow*>(engine.rootObjects().first());
     if (!window)
         return 1;
+    window->resize(options.size);
+    // For screenshots of a tool page: open it, with a crop frame pulled in from its corner.
+    if (!options.page.isEmpty()) {
+        auto* session = window->findChild<QuorvaneSdkImageEditorViewModel*>();
+        if (ImageEditorViewModel* editor = session ? session->editor() : nullptr) {
+            editor->navigate(options.page);
+            QTimer::singleShot(300, editor, [editor] {
+                if (CropperViewModel* cropper = editor->cropper()) {
+                    for (int step = 1; step <= 8; ++step)
+                        cropper->handleDragging(QPointF(4 * step, 4 * step));
+                    cropper->finishCropping();
+                }
+            });
+        }
+    }
+
+    // For benchmarks: how long a person waits, from launch to the first frame with the photo.
+    if (qEnvironmentVariableIsSet("QUORVANE_DEMO_TIMING")) {
+        QObject::connect(
+            window, &QQuickWindow::frameSwapped, &app,
+            [&] {
+                std::fprintf(stderr, "first frame after %lld ms\n",
+                             static_cast<long long>(sinceStart.elapsed()));
+            },
+            Qt::SingleShotConnection);
+    }
 
     if (options.takeScreenshot) {
         QObject::connect(
             window, &QQuickWindow::frameSwapped, &app,
             [&] {
-                // The first frame may still be laying out; the next one is what a person sees.
-                QTimer::singleShot(100, &app, [&] {
+                // The first frames may still be laying out or animating; wait for what a person sees.
+                QTimer::singleShot(options.page.isEmpty() ? 100 : 1500, &app, [&] {
                     const QString path = QFileInfo(options.screenshot).absoluteFilePath();
                     if (!window->grabWindow().save(path)) {
                         std::fprintf(stderr, "Cannot write the screenshot %s.\n", qPrintable(path));
