@@ -1,0 +1,461 @@
+#include "CanvasViewModel.h"
+
+#include "Editor/Helpers/ImageHelpers.h"
+
+#include <QMetaEnum>
+#include <QPainter>
+#include <QPainterPath>
+#include <cmath>
+#include <cstdio>
+#include <limits>
+
+namespace {
+
+qreal aspectRatio(QSizeF size)
+{
+    return size.width() / size.height();
+}
+
+// The frame as the page lays it out: the left and top edges belong to it, the right and bottom ones do not.
+bool frameContains(QSizeF frame, QPointF point)
+{
+    return point.x() >= 0 && point.y() >= 0 && point.x() < frame.width() && point.y() < frame.height();
+}
+
+// A stroke's picture: the path through \a points, stroked once, on a transparent image of \a size points.
+QImage strokeImage(QSizeF size, const QList<QPointF>& points, const QColor& color, qreal width)
+{
+    const qreal scale = ImageHelpers::screenScale();
+    const QSize pixels(int(std::ceil(size.width() * scale)), int(std::ceil(size.height() * scale)));
+    if (pixels.isEmpty())
+        return {};
+    QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
+    if (image.isNull())
+        return {};
+    image.setDevicePixelRatio(scale);
+    image.fill(Qt::transparent);
+    QPainterPath path(points.first());
+    for (qsizetype i = 1; i < points.size(); ++i)
+        path.lineTo(points[i]);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    // Butt caps and mitre joins: what strokes get when nothing else is asked for.
+    painter.setPen(QPen(color, width, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
+    painter.drawPath(path);
+    return image;
+}
+
+} // namespace
+
+CanvasViewModel::CanvasViewModel(QImage image, std::function<void(std::optional<QImage>)> returnAction,
+                                 QObject* parent)
+    : QObject(parent)
+    , m_image(std::move(image))
+    , m_returnAction(std::move(returnAction))
+{}
+
+CanvasViewModel::~CanvasViewModel()
+{
+    qDeleteAll(m_lineImageViewModels);
+}
+
+QString CanvasViewModel::selectedOption() const
+{
+    return QString::fromLatin1(QMetaEnum::fromType<Option>().valueToKey(int(m_selectedOption)));
+}
+
+void CanvasViewModel::setChoosingLineWidth(bool choosing)
+{
+    if (choosing == m_isChoosingLineWidth)
+        return;
+    m_isChoosingLineWidth = choosing;
+    emit isChoosingLineWidthChanged();
+}
+
+void CanvasViewModel::setupScreenSize(QSizeF size)
+{
+    if (m_screenWasAlreadyConfigured)
+        return;
+    m_screenWasAlreadyConfigured = true;
+    if (m_setupScreenSizeCounter == std::numeric_limits<int>::max())
+        qFatal("CanvasViewModel: the screen size counter overflowed");
+    ++m_setupScreenSizeCounter;
+    const qreal screen = aspectRatio(size);
+    const qreal picture = aspectRatio(m_image.deviceIndependentSize());
+    m_imageFrameSize = screen <= picture ? QSizeF(size.width(), size.width() / picture)
+                                         : QSizeF(size.height() * picture, size.height());
+    emit imageFrameSizeChanged();
+    m_isCropperSetup = true;
+    emit isCropperSetupChanged();
+}
+
+void CanvasViewModel::handleNewPoint(QPointF point, QSizeF frameSize)
+{
+    if (!frameContains(frameSize, point))
+        return;
+    m_currentLine.points.append(point);
+    emit currentLineChanged();
+}
+
+void CanvasViewModel::addFinalPoint(QPointF point, QSizeF frameSize)
+{
+    handleNewPoint(point, frameSize);
+    // A tap leaves its point in the stroke on purpose: it starts the next one.
+    if (m_currentLine.points.size() < 2)
+        return;
+    const QPointF topLeft = getTopMostLeftPoint(m_currentLine.points);
+    const QPointF bottomRight = getBottomMostRightPoint(m_currentLine.points, frameSize);
+    const QSizeF size(bottomRight.x() - topLeft.x(), bottomRight.y() - topLeft.y());
+    QList<QPointF> shifted;
+    shifted.reserve(m_currentLine.points.size());
+    for (const QPointF& p : std::as_const(m_currentLine.points))
+        shifted.append(p - topLeft);
+
+    recordState();
+    QList<LineImagePtr> images = m_lineImages;
+    images.append(std::make_shared<LineImage>(
+        m_imageFrameSize, strokeImage(size, shifted, m_selectedColor, m_selectedlineWidth),
+        QSizeF(topLeft.x(), topLeft.y())));
+    setLineImages(std::move(images));
+    m_currentLine = Line();
+    emit currentLineChanged();
+}
+
+QPointF CanvasViewModel::getTopMostLeftPoint(const QList<QPointF>& points) const
+{
+    // Starting at 1000 rather than at infinity is kept on purpose: a stroke wholly past 1000 points keeps
+    // 1000 as its corner.
+    qreal minX = 1000.0;
+    qreal minY = 1000.0;
+    for (const QPointF& p : points) {
+        minX = std::min(minX, p.x());
+        minY = std::min(minY, p.y());
+    }
+    return {std::max(minX - m_selectedlineWidth, 0.0), std::max(minY - m_selectedlineWidth, 0.0)};
+}
+
+QPointF CanvasViewModel::getBottomMostRightPoint(const QList<QPointF>& points, QSizeF availableSize) const
+{
+    qreal maxX = 0.0;
+    qreal maxY = 0.0;
+    for (const QPointF& p : points) {
+        maxX = std::max(maxX, p.x());
+        maxY = std::max(maxY, p.y());
+    }
+    return {std::min(maxX + m_selectedlineWidth, availableSize.width()),
+            std::min(maxY + m_selectedlineWidth, availableSize.height())};
+}
+
+void CanvasViewModel::deleteLine(const QString& id)
+{
+    const auto hasId = [&](const LineImagePtr& item) { return item->id() == id; };
+    if (std::none_of(m_lineImages.cbegin(), m_lineImages.cend(), hasId))
+        return;
+    recordState();
+    QList<LineImagePtr> images = m_lineImages;
+    images.removeIf(hasId);
+    setLineImages(std::move(images));
+}
+
+void CanvasViewModel::undoLastAction()
+{
+    if (m_previousStates.isEmpty())
+        return;
+    const CanvasState state = m_previousStates.takeLast();
+    emit previousStatesChanged();
+    // A step recorded before the canvas was laid out has no frame to rescale from.
+    const bool rescale = state.currentImageSize != m_imageFrameSize && !state.currentImageSize.isEmpty();
+    QList<LineImagePtr> images;
+    images.reserve(state.images.size());
+    // New items from the saved ones: where they stand now and which exist come back, not their turns and
+    // scales.
+    for (const LineImagePtr& saved : state.images) {
+        QSizeF offset = saved->offset();
+        if (rescale) {
+            offset = QSizeF(offset.width() * (m_imageFrameSize.width() / state.currentImageSize.width()),
+                            offset.height() * (m_imageFrameSize.height() / state.currentImageSize.height()));
+        }
+        images.append(std::make_shared<LineImage>(saved->currentImageSize(), saved->image(), offset));
+    }
+    setLineImages(std::move(images));
+}
+
+void CanvasViewModel::enableDraw()
+{
+    setSelectedOption(Option::drawing);
+    setEnteringText(false);
+    setTransformEnabledOnAll(false);
+}
+
+void CanvasViewModel::enableText()
+{
+    setSelectedOption(Option::text);
+    setEnteringText(true);
+    setTransformEnabledOnAll(false);
+}
+
+void CanvasViewModel::enableMove()
+{
+    setSelectedOption(Option::transform);
+    setEnteringText(false);
+    setTransformEnabledOnAll(true);
+}
+
+void CanvasViewModel::handleTap(const LineImagePtr& item)
+{
+    if (!item)
+        return;
+    if (!m_selectedLineImage) {
+        item->setSelected(true);
+        setSelectedLineImage(item);
+    } else if (m_selectedLineImage->id() == item->id()) {
+        item->setSelected(false);
+        setSelectedLineImage(nullptr);
+    } else {
+        m_selectedLineImage->setSelected(false);
+        item->setSelected(true);
+        setSelectedLineImage(item);
+    }
+}
+
+void CanvasViewModel::handleTap(const QString& id)
+{
+    for (const LineImagePtr& item : std::as_const(m_lineImages)) {
+        if (item->id() == id) {
+            handleTap(item);
+            return;
+        }
+    }
+}
+
+void CanvasViewModel::setLineWidth(qreal width)
+{
+    if (width != m_selectedlineWidth) {
+        m_selectedlineWidth = width;
+        emit selectedlineWidthChanged();
+    }
+    setChoosingLineWidth(false);
+}
+
+void CanvasViewModel::setColor(const QColor& color)
+{
+    if (color == m_selectedColor)
+        return;
+    m_selectedColor = color;
+    emit selectedColorChanged();
+}
+
+void CanvasViewModel::addText(std::optional<QImage> image)
+{
+    setEnteringText(false);
+    if (!image)
+        return;
+    recordState();
+    const QSizeF size = image->deviceIndependentSize();
+    const QSizeF offset((m_imageFrameSize.width() - size.width()) / 2,
+                        (m_imageFrameSize.height() - size.height()) / 2);
+    QList<LineImagePtr> images = m_lineImages;
+    images.append(std::make_shared<LineImage>(m_imageFrameSize, std::move(*image), offset));
+    setLineImages(std::move(images));
+}
+
+std::optional<QImage> CanvasViewModel::mergeDrawings()
+{
+    if (m_lineImages.isEmpty())
+        return std::nullopt;
+    // At the base image's own resolution: a 12-megapixel photo keeps all its pixels.
+    QImage canvas = m_image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    if (canvas.isNull())
+        return std::nullopt;
+    const QSizeF base = m_image.deviceIndependentSize();
+    const QSizeF frame = m_imageFrameSize;
+    if (!frame.isEmpty()) {
+        QPainter painter(&canvas);
+        painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+        for (const LineImagePtr& item : std::as_const(m_lineImages)) {
+            const QSizeF size = item->image().deviceIndependentSize();
+            const qreal w = size.width() / frame.width() * base.width();
+            const qreal h = size.height() / frame.height() * base.height();
+            const qreal x = item->offset().width() / frame.width() * base.width();
+            const qreal y = item->offset().height() / frame.height() * base.height();
+            const QPointF centre(x + w / 2, y + h / 2);
+            painter.save();
+            painter.translate(centre);
+            painter.rotate(item->rotationAngle().degrees());
+            painter.scale(item->magnification(), item->magnification());
+            painter.translate(-centre);
+            painter.drawImage(QRectF(x, y, w, h), item->image());
+            painter.restore();
+        }
+    }
+    setLineImages({});
+    return canvas;
+}
+
+void CanvasViewModel::close()
+{
+    if (!m_selectedLineImage)
+        return;
+    m_selectedLineImage->setSelected(false);
+    setSelectedLineImage(nullptr);
+}
+
+void CanvasViewModel::deleteItem()
+{
+    // The selection keeps pointing at the removed item on purpose; the next tap or close() replaces it.
+    if (m_selectedLineImage)
+        deleteLine(m_selectedLineImage->id());
+}
+
+void CanvasViewModel::rotate(Angle angle, bool overridePrevious)
+{
+    if (!m_selectedLineImage)
+        return;
+    m_selectedLineImage->setRotationAngle(overridePrevious ? angle
+                                                           : m_selectedLineImage->rotationAngle() + angle);
+}
+
+void CanvasViewModel::increaseScale()
+{
+    if (m_selectedLineImage)
+        m_selectedLineImage->setMagnification(m_selectedLineImage->magnification() * 1.25);
+}
+
+void CanvasViewModel::decreaseScale()
+{
+    if (m_selectedLineImage)
+        m_selectedLineImage->setMagnification(m_selectedLineImage->magnification() * 0.75);
+}
+
+void CanvasViewModel::scale(qreal factor)
+{
+    if (m_selectedLineImage)
+        m_selectedLineImage->setMagnification(factor);
+}
+
+void CanvasViewModel::align(Alignment alignment)
+{
+    if (!m_selectedLineImage)
+        return;
+    const QSizeF f = m_imageFrameSize;
+    // The unscaled image: magnification is not taken into account.
+    const QSizeF s = m_selectedLineImage->image().deviceIndependentSize();
+    const qreal left = 0;
+    const qreal middle = (f.width() - s.width()) / 2;
+    const qreal right = f.width() - s.width();
+    const qreal top = 0;
+    const qreal centre = (f.height() - s.height()) / 2;
+    const qreal bottom = f.height() - s.height();
+    QSizeF offset;
+    switch (alignment) {
+    case CanvasAlignment::topLeading:
+        offset = {left, top};
+        break;
+    case CanvasAlignment::top:
+        offset = {middle, top};
+        break;
+    case CanvasAlignment::topTrailing:
+        offset = {right, top};
+        break;
+    case CanvasAlignment::leading:
+        offset = {left, centre};
+        break;
+    case CanvasAlignment::center:
+        offset = {middle, centre};
+        break;
+    case CanvasAlignment::trailing:
+        offset = {right, centre};
+        break;
+    case CanvasAlignment::bottomLeading:
+        offset = {left, bottom};
+        break;
+    case CanvasAlignment::bottom:
+        offset = {middle, bottom};
+        break;
+    case CanvasAlignment::bottomTrailing:
+        offset = {right, bottom};
+        break;
+    default:
+        std::fputs("No supported alignment\n", stdout);
+        std::fflush(stdout);
+        return;
+    }
+    m_selectedLineImage->setOffset(offset);
+}
+
+void CanvasViewModel::alignTo(const QString& alignment)
+{
+    bool ok = false;
+    const int value =
+        QMetaEnum::fromType<CanvasAlignment::Alignment>().keyToValue(alignment.toLatin1().constData(), &ok);
+    align(ok ? Alignment(value) : Alignment(-1));
+}
+
+void CanvasViewModel::cancel()
+{
+    leave(std::nullopt);
+}
+
+void CanvasViewModel::accept()
+{
+    if (m_previousStates.isEmpty())
+        return;
+    leave(mergeDrawings());
+}
+
+void CanvasViewModel::leave(std::optional<QImage> image)
+{
+    if (m_hasReturned)
+        return;
+    m_hasReturned = true;
+    if (m_returnAction)
+        m_returnAction(std::move(image));
+}
+
+void CanvasViewModel::recordState()
+{
+    m_previousStates.append(CanvasState{m_imageFrameSize, m_lineImages});
+    emit previousStatesChanged();
+}
+
+void CanvasViewModel::setLineImages(QList<LineImagePtr> images)
+{
+    m_lineImages = std::move(images);
+    // One mirror per item for the screen, rebuilt with the list: items are few.
+    const QList<QObject*> old = std::exchange(m_lineImageViewModels, {});
+    for (const LineImagePtr& item : std::as_const(m_lineImages))
+        m_lineImageViewModels.append(new LineImageViewModel(item));
+    emit lineImagesChanged();
+    for (QObject* model : old)
+        model->deleteLater();
+}
+
+void CanvasViewModel::setSelectedOption(Option option)
+{
+    if (option == m_selectedOption)
+        return;
+    m_selectedOption = option;
+    emit selectedOptionChanged();
+}
+
+void CanvasViewModel::setEnteringText(bool entering)
+{
+    if (entering == m_isEnteringText)
+        return;
+    m_isEnteringText = entering;
+    emit isEnteringTextChanged();
+}
+
+void CanvasViewModel::setTransformEnabledOnAll(bool enabled)
+{
+    for (const LineImagePtr& item : std::as_const(m_lineImages))
+        item->setTransformEnabled(enabled);
+}
+
+void CanvasViewModel::setSelectedLineImage(LineImagePtr item)
+{
+    if (item == m_selectedLineImage)
+        return;
+    m_selectedLineImage = std::move(item);
+    emit selectedLineImageChanged();
+}

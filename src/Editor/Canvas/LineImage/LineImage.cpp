@@ -1,0 +1,56 @@
+#include "LineImage.h"
+
+#include <QUuid>
+
+LineImage::LineImage(QSizeF currentImageSize, QImage image, QSizeF offset, Angle rotationAngle,
+                     qreal magnification)
+    : m_id(QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper())
+    , m_currentImageSize(currentImageSize)
+    , m_image(std::move(image))
+    , m_offset(offset)
+    , m_rotationAngle(rotationAngle)
+    , m_magnification(magnification)
+{}
+
+void LineImage::setOffset(QSizeF offset)
+{
+    m_offset = offset;
+    emit offsetPublisher(offset);
+}
+
+void LineImage::setRotationAngle(Angle angle)
+{
+    m_rotationAngle = angle;
+    emit roationPublisher(angle.degrees());
+}
+
+void LineImage::setMagnification(qreal magnification)
+{
+    m_magnification = magnification;
+    emit magnificationPublisher(magnification);
+}
+
+void LineImage::setTransformEnabled(bool enabled)
+{
+    m_isTransformEnabled = enabled;
+    emit isTransformPublisher(enabled);
+}
+
+void LineImage::setSelected(bool selected)
+{
+    m_isSelected = selected;
+    emit selectedPublisher(selected);
+}
+
+bool LineImage::pointIsInside(QPointF point) const
+{
+    const QSizeF size = m_image.deviceIndependentSize();
+    return m_offset.width() < point.x() && point.x() < m_offset.width() + size.width() &&
+           m_offset.height() < point.y() && point.y() < m_offset.height() + size.height();
+}
+
+QPointF LineImage::getCenterPoint() const
+{
+    const QSizeF size = m_image.deviceIndependentSize();
+    return {m_offset.width() + size.width() / 2, m_offset.height() + size.height() / 2};
+}

@@ -1,0 +1,437 @@
+#include "Editor/Canvas/CanvasViewModel.h"
+
+#include <QSignalSpy>
+#include <QTemporaryFile>
+#include <QTest>
+#include <cstdio>
+#include <unistd.h>
+
+namespace {
+
+QImage solid(QSize size, QColor colour)
+{
+    QImage image(size, QImage::Format_ARGB32_Premultiplied);
+    image.fill(colour);
+    return image;
+}
+
+// A canvas on a 400 × 300 image laid out in a 400 × 300 frame: canvas points are image points.
+std::unique_ptr<CanvasViewModel> canvas(QSize imageSize = QSize(400, 300), QSizeF screen = QSizeF(400, 300))
+{
+    auto model = std::make_unique<CanvasViewModel>(solid(imageSize, Qt::black));
+    model->setupScreenSize(screen);
+    return model;
+}
+
+void stroke(CanvasViewModel& model, std::initializer_list<QPointF> points)
+{
+    auto last = points.end() - 1;
+    for (auto p = points.begin(); p != last; ++p)
+        model.handleNewPoint(*p, model.imageFrameSize());
+    model.addFinalPoint(*last, model.imageFrameSize());
+}
+
+// The smallest rectangle holding every pixel redder than it is anything else.
+QRect redArea(const QImage& image)
+{
+    QRect area;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const QColor c = image.pixelColor(x, y);
+            if (c.red() > 128 && c.green() < 100 && c.blue() < 100)
+                area |= QRect(x, y, 1, 1);
+        }
+    }
+    return area;
+}
+
+// What \a action writes to standard output.
+QByteArray stdoutOf(const std::function<void()>& action)
+{
+    QTemporaryFile file;
+    if (!file.open())
+        return {};
+    std::fflush(stdout);
+    const int saved = dup(fileno(stdout));
+    dup2(file.handle(), fileno(stdout));
+    action();
+    std::fflush(stdout);
+    dup2(saved, fileno(stdout));
+    ::close(saved);
+    file.seek(0);
+    return file.readAll();
+}
+
+} // namespace
+
+class tst_CanvasViewModel : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void setupScreenSize_fitsOnce_data()
+    {
+        QTest::addColumn<QSizeF>("screen");
+        QTest::addColumn<QSizeF>("frame");
+        QTest::newRow("square screen") << QSizeF(300, 300) << QSizeF(300, 225);
+        QTest::newRow("wide screen") << QSizeF(600, 300) << QSizeF(400, 300);
+        QTest::newRow("same aspect") << QSizeF(800, 600) << QSizeF(800, 600);
+    }
+
+    void setupScreenSize_fitsOnce()
+    {
+        QFETCH(QSizeF, screen);
+        QFETCH(QSizeF, frame);
+        CanvasViewModel model(solid(QSize(400, 300), Qt::black));
+        QVERIFY(!model.isCropperSetup());
+        model.setupScreenSize(screen);
+        model.setupScreenSize(QSizeF(100, 1000));
+        QCOMPARE(model.imageFrameSize(), frame);
+        QCOMPARE(model.setupScreenSizeCounter(), 2);
+        QVERIFY(model.isCropperSetup());
+    }
+
+    void stroke_becomesAnItemFramedByItsLineWidth_data()
+    {
+        QTest::addColumn<QList<QPointF>>("points");
+        QTest::addColumn<QSizeF>("offset");
+        QTest::addColumn<QSizeF>("size");
+        QTest::newRow("diagonal") << QList<QPointF>{{10, 10}, {30, 20}, {50, 30}} << QSizeF(6, 6)
+                                  << QSizeF(48, 28);
+        QTest::newRow("clipped at the top left")
+            << QList<QPointF>{{1, 2}, {20, 20}} << QSizeF(0, 0) << QSizeF(24, 24);
+        QTest::newRow("clipped at the bottom right")
+            << QList<QPointF>{{380, 280}, {398, 299}} << QSizeF(376, 276) << QSizeF(24, 24);
+    }
+
+    void stroke_becomesAnItemFramedByItsLineWidth()
+    {
+        QFETCH(QList<QPointF>, points);
+        QFETCH(QSizeF, offset);
+        QFETCH(QSizeF, size);
+        auto model = canvas();
+        for (qsizetype i = 0; i + 1 < points.size(); ++i)
+            model->handleNewPoint(points[i], model->imageFrameSize());
+        model->addFinalPoint(points.last(), model->imageFrameSize());
+
+        QCOMPARE(model->lineImages().size(), 1);
+        const LineImagePtr& item = model->lineImages().first();
+        QCOMPARE(item->offset(), offset);
+        QCOMPARE(item->image().deviceIndependentSize(), size);
+        QCOMPARE(item->currentImageSize(), model->imageFrameSize());
+        QCOMPARE(model->previousStateCount(), 1);
+        QVERIFY(model->currentLine().points.isEmpty());
+        // The stroke is drawn white, in the middle of its box.
+        const QImage& image = item->image();
+        QCOMPARE(image.pixelColor(0, 0).alpha(), 0);
+    }
+
+    void boundingBox_startsAt1000()
+    {
+        auto model = canvas(QSize(2000, 1500), QSizeF(2000, 1500));
+        QCOMPARE(model->getTopMostLeftPoint({{1200, 1300}, {1500, 1400}}), QPointF(996, 996));
+        QCOMPARE(model->getBottomMostRightPoint({{1200, 1300}, {1500, 1400}}, QSizeF(1502, 2000)),
+                 QPointF(1502, 1404));
+    }
+
+    void strokeOfFewerThanTwoPoints_addsNothing_andKeepsItsPoint()
+    {
+        auto model = canvas();
+        model->addFinalPoint(QPointF(10, 10), model->imageFrameSize());
+        QVERIFY(model->lineImages().isEmpty());
+        QCOMPARE(model->previousStateCount(), 0);
+        QCOMPARE(model->currentLine().points, QList<QPointF>{QPointF(10, 10)});
+
+        // Points outside the frame never enter a stroke.
+        model->handleNewPoint(QPointF(-1, 5), model->imageFrameSize());
+        model->handleNewPoint(QPointF(400, 5), model->imageFrameSize());
+        model->addFinalPoint(QPointF(5, 300), model->imageFrameSize());
+        QCOMPARE(model->currentLine().points.size(), 1);
+
+        // The kept point starts the next stroke.
+        model->addFinalPoint(QPointF(30, 30), model->imageFrameSize());
+        QCOMPARE(model->lineImages().size(), 1);
+    }
+
+    void tools_switchTheOptionTextEntryAndItemTransforms_data()
+    {
+        QTest::addColumn<QString>("tool");
+        QTest::addColumn<QString>("option");
+        QTest::addColumn<bool>("enteringText");
+        QTest::addColumn<bool>("transformEnabled");
+        QTest::newRow("draw") << "draw"
+                              << "drawing" << false << false;
+        QTest::newRow("text") << "text"
+                              << "text" << true << false;
+        QTest::newRow("move") << "move"
+                              << "transform" << false << true;
+    }
+
+    void tools_switchTheOptionTextEntryAndItemTransforms()
+    {
+        QFETCH(QString, tool);
+        QFETCH(QString, option);
+        QFETCH(bool, enteringText);
+        QFETCH(bool, transformEnabled);
+        auto model = canvas();
+        stroke(*model, {{10, 10}, {50, 50}});
+        model->enableMove();
+        model->enableText();
+
+        if (tool == u"draw")
+            model->enableDraw();
+        else if (tool == u"text")
+            model->enableText();
+        else
+            model->enableMove();
+
+        QCOMPARE(model->selectedOption(), option);
+        QCOMPARE(model->isEnteringText(), enteringText);
+        QCOMPARE(model->lineImages().first()->isTransformEnabled(), transformEnabled);
+    }
+
+    void handleTap_togglesAndMovesTheSelection()
+    {
+        auto model = canvas();
+        stroke(*model, {{10, 10}, {50, 50}});
+        stroke(*model, {{100, 100}, {150, 150}});
+        const LineImagePtr first = model->lineImages()[0];
+        const LineImagePtr second = model->lineImages()[1];
+
+        model->handleTap(first);
+        QCOMPARE(model->selectedLineImage(), first);
+        QVERIFY(first->isSelected());
+        model->handleTap(second);
+        QCOMPARE(model->selectedLineImage(), second);
+        QVERIFY(!first->isSelected());
+        QVERIFY(second->isSelected());
+        model->handleTap(second->id());
+        QVERIFY(!model->selectedLineImage());
+        QVERIFY(!second->isSelected());
+    }
+
+    void undo_bringsBackWhichItemsExistAndWhereTheyStand()
+    {
+        auto model = canvas();
+        stroke(*model, {{10, 10}, {50, 50}});
+        stroke(*model, {{100, 100}, {150, 150}});
+        const LineImagePtr first = model->lineImages()[0];
+        model->handleTap(first);
+        model->rotate(Angle::degrees(45));
+        model->scale(2.0);
+        first->setOffset(QSizeF(70, 80)); // a move: recorded in no step, but kept
+
+        model->deleteItem();
+        QCOMPARE(model->lineImages().size(), 1);
+        QCOMPARE(model->selectedLineImage(), first); // still pointing at the removed item, on purpose
+
+        model->undoLastAction(); // the deletion: the first item is back, at its moved place, turn and scale
+                                 // reset
+        QCOMPARE(model->lineImages().size(), 2);
+        const LineImagePtr restored = model->lineImages()[0];
+        QVERIFY(restored != first);
+        QCOMPARE(restored->offset(), QSizeF(70, 80));
+        QCOMPARE(restored->rotationAngle().degrees(), 0.0);
+        QCOMPARE(restored->magnification(), 1.0);
+
+        model->undoLastAction(); // the second stroke vanishes
+        QCOMPARE(model->lineImages().size(), 1);
+        model->undoLastAction();
+        QVERIFY(model->lineImages().isEmpty());
+        QVERIFY(!model->hasPreviousStates());
+        model->undoLastAction();
+        QVERIFY(model->lineImages().isEmpty());
+    }
+
+    void undoOfAStepBeforeLayout_keepsOffsetsFinite()
+    {
+        CanvasViewModel model(solid(QSize(400, 300), Qt::black));
+        model.addText(solid(QSize(20, 10), Qt::red));
+        model.addText(solid(QSize(20, 10), Qt::red));
+        model.setupScreenSize(QSizeF(800, 600));
+        model.undoLastAction();
+        QCOMPARE(model.lineImages().size(), 1);
+        QVERIFY(qIsFinite(model.lineImages().first()->offset().width()));
+    }
+
+    void addText_centresTheImage_orAddsNothing()
+    {
+        auto model = canvas();
+        model->enableText();
+        model->addText(std::nullopt);
+        QVERIFY(!model->isEnteringText());
+        QCOMPARE(model->previousStateCount(), 0);
+        model->addText(solid(QSize(100, 40), Qt::red));
+        QCOMPARE(model->lineImages().first()->offset(), QSizeF(150, 130));
+        QCOMPARE(model->previousStateCount(), 1);
+    }
+
+    void deleteLine_ofAnUnknownId_recordsNothing()
+    {
+        auto model = canvas();
+        stroke(*model, {{10, 10}, {50, 50}});
+        model->deleteLine(QStringLiteral("no such id"));
+        QCOMPARE(model->previousStateCount(), 1);
+        QCOMPARE(model->lineImages().size(), 1);
+    }
+
+    void transforms_actOnTheSelection_data()
+    {
+        QTest::addColumn<QStringList>("buttons");
+        QTest::addColumn<qreal>("degrees");
+        QTest::addColumn<qreal>("magnification");
+        QTest::newRow("to left twice") << QStringList{"left", "left"} << -180.0 << 1.0;
+        QTest::newRow("to left, then 270°") << QStringList{"left", "270"} << 270.0 << 1.0;
+        QTest::newRow("to right, 90°, to right") << QStringList{"right", "90", "right"} << 180.0 << 1.0;
+        QTest::newRow("scale up, then 1.25x") << QStringList{"up", "1.25"} << 0.0 << 1.25;
+        QTest::newRow("scale up, then down") << QStringList{"up", "down"} << 0.0 << 0.9375;
+        QTest::newRow("0.5x, scale down") << QStringList{"0.5", "down"} << 0.0 << 0.375;
+    }
+
+    void transforms_actOnTheSelection()
+    {
+        QFETCH(QStringList, buttons);
+        QFETCH(qreal, degrees);
+        QFETCH(qreal, magnification);
+        auto model = canvas();
+        stroke(*model, {{10, 10}, {50, 50}});
+        const LineImagePtr item = model->lineImages().first();
+        model->handleTap(item);
+
+        for (const QString& button : buttons) {
+            if (button == u"left")
+                model->rotateBy(-90);
+            else if (button == u"right")
+                model->rotateBy(90);
+            else if (button == u"90" || button == u"270")
+                model->rotateTo(button.toDouble());
+            else if (button == u"up")
+                model->scaleUp();
+            else if (button == u"down")
+                model->scaleDown();
+            else
+                model->scaleTo(button.toDouble());
+        }
+
+        QCOMPARE(item->rotationAngle().degrees(), degrees);
+        QCOMPARE(item->magnification(), magnification);
+        QCOMPARE(model->previousStateCount(), 1); // transforms record no step
+    }
+
+    void transforms_withoutSelection_doNothing()
+    {
+        auto model = canvas();
+        stroke(*model, {{10, 10}, {50, 50}});
+        model->rotateTo(90);
+        model->scaleUp();
+        model->alignTo(QStringLiteral("center"));
+        model->deleteSelection();
+        model->closeSelection();
+        const LineImagePtr item = model->lineImages().first();
+        QCOMPARE(item->rotationAngle().degrees(), 0.0);
+        QCOMPARE(item->magnification(), 1.0);
+        QCOMPARE(item->offset(), QSizeF(6, 6));
+    }
+
+    void align_placesTheUnscaledImageInTheFrame_data()
+    {
+        QTest::addColumn<QString>("alignment");
+        QTest::addColumn<QSizeF>("offset");
+        // Frame 400 × 300, image 100 × 40.
+        QTest::newRow("topLeading") << "topLeading" << QSizeF(0, 0);
+        QTest::newRow("top") << "top" << QSizeF(150, 0);
+        QTest::newRow("topTrailing") << "topTrailing" << QSizeF(300, 0);
+        QTest::newRow("leading") << "leading" << QSizeF(0, 130);
+        QTest::newRow("center") << "center" << QSizeF(150, 130);
+        QTest::newRow("trailing") << "trailing" << QSizeF(300, 130);
+        QTest::newRow("bottomLeading") << "bottomLeading" << QSizeF(0, 260);
+        QTest::newRow("bottom") << "bottom" << QSizeF(150, 260);
+        QTest::newRow("bottomTrailing") << "bottomTrailing" << QSizeF(300, 260);
+    }
+
+    void align_placesTheUnscaledImageInTheFrame()
+    {
+        QFETCH(QString, alignment);
+        QFETCH(QSizeF, offset);
+        auto model = canvas();
+        model->addText(solid(QSize(100, 40), Qt::red));
+        const LineImagePtr item = model->lineImages().first();
+        model->handleTap(item);
+        model->scale(3.0);
+        model->alignTo(alignment);
+        QCOMPARE(item->offset(), offset);
+    }
+
+    void align_unsupported_saysSoAndChangesNothing()
+    {
+        auto model = canvas();
+        model->addText(solid(QSize(100, 40), Qt::red));
+        const LineImagePtr item = model->lineImages().first();
+        model->handleTap(item);
+        const QByteArray printed = stdoutOf([&] { model->alignTo(QStringLiteral("firstTextBaseline")); });
+        QCOMPARE(printed, QByteArray("No supported alignment\n"));
+        QCOMPARE(item->offset(), QSizeF(150, 130));
+    }
+
+    void mergeDrawings_mapsItemsToTheImagesOwnPixels()
+    {
+        // A frame half the image's size: an item at (10, 20) of 40 × 30 lands at (20, 40) as 80 × 60.
+        auto model = canvas(QSize(800, 600), QSizeF(400, 300));
+        QCOMPARE(model->imageFrameSize(), QSizeF(400, 300));
+        model->addText(solid(QSize(40, 30), Qt::red));
+        model->lineImages().first()->setOffset(QSizeF(10, 20));
+
+        const auto merged = model->mergeDrawings();
+
+        QVERIFY(merged);
+        QCOMPARE(merged->size(), QSize(800, 600));
+        QCOMPARE(redArea(*merged), QRect(20, 40, 80, 60));
+        QVERIFY(model->lineImages().isEmpty());
+        QCOMPARE(model->previousStateCount(), 1);
+        QVERIFY(!model->mergeDrawings());
+    }
+
+    void mergeDrawings_turnsAndScalesAboutTheItemsCentre()
+    {
+        auto model = canvas(QSize(800, 600), QSizeF(400, 300));
+        model->addText(solid(QSize(40, 20), Qt::red));
+        const LineImagePtr item = model->lineImages().first();
+        item->setOffset(QSizeF(100, 100)); // 80 × 40 at (200, 200) in the image: centre (240, 220)
+        item->setRotationAngle(Angle::degrees(90));
+        item->setMagnification(2.0);
+
+        const QRect area = redArea(*model->mergeDrawings());
+
+        // Doubled to 160 × 80, turned a quarter: 80 × 160 about the same centre.
+        QVERIFY2(qAbs(area.width() - 80) <= 2 && qAbs(area.height() - 160) <= 2,
+                 qPrintable(QStringLiteral("%1×%2").arg(area.width()).arg(area.height())));
+        QVERIFY(qAbs(area.center().x() - 240) <= 2 && qAbs(area.center().y() - 220) <= 2);
+    }
+
+    void mergeDrawings_keepsEveryPixelOfABigPhoto()
+    {
+        auto model = canvas(QSize(4032, 3024), QSizeF(390, 292.5));
+        model->addText(solid(QSize(39, 29), Qt::red));
+        const auto merged = model->mergeDrawings();
+        QVERIFY(merged);
+        QCOMPARE(merged->size(), QSize(4032, 3024));
+    }
+
+    void closingButtons_returnOnce()
+    {
+        QList<std::optional<QImage>> results;
+        CanvasViewModel model(solid(QSize(400, 300), Qt::black),
+                              [&](std::optional<QImage> image) { results.append(std::move(image)); });
+        model.setupScreenSize(QSizeF(400, 300));
+        model.accept(); // disabled before the first change
+        QVERIFY(results.isEmpty());
+        stroke(model, {{10, 10}, {50, 50}});
+        model.accept();
+        model.cancel();
+        QCOMPARE(results.size(), 1);
+        QVERIFY(results.first());
+    }
+};
+
+QTEST_MAIN(tst_CanvasViewModel)
+#include "tst_CanvasViewModel.moc"
