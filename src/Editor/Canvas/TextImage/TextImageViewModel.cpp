@@ -1,0 +1,132 @@
+#include "TextImageViewModel.h"
+
+#include "Editor/Helpers/ImageHelpers.h"
+
+#include <QFontMetricsF>
+#include <QGuiApplication>
+#include <QPainter>
+#include <cmath>
+
+namespace {
+
+constexpr int kTextFlags = Qt::AlignHCenter | Qt::AlignVCenter | Qt::TextWordWrap;
+
+template <typename T, typename Signal>
+void assign(TextImageViewModel* model, T& field, const T& value, Signal changed)
+{
+    if (field == value)
+        return;
+    field = value;
+    emit(model->*changed)();
+}
+
+QSizeF fittedSize(const QFont& font, const QString& text)
+{
+    // Unlimited lines: only the text's own line breaks wrap it.
+    const QRectF bounds = QFontMetricsF(font).boundingRect(QRectF(0, 0, 1e6, 1e6), kTextFlags, text);
+    return {std::ceil(bounds.width()), std::ceil(bounds.height())};
+}
+
+QImage canvasOf(QSizeF points)
+{
+    const qreal scale = ImageHelpers::screenScale();
+    const QSize pixels(int(std::ceil(points.width() * scale)), int(std::ceil(points.height() * scale)));
+    if (pixels.isEmpty())
+        return {};
+    QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
+    if (image.isNull())
+        return {};
+    image.setDevicePixelRatio(scale);
+    image.fill(Qt::transparent);
+    return image;
+}
+
+} // namespace
+
+void TextImageViewModel::setText(const QString& text)
+{
+    assign(this, m_text, text, &TextImageViewModel::textChanged);
+}
+
+void TextImageViewModel::setUppercase(bool uppercase)
+{
+    assign(this, m_isUppercase, uppercase, &TextImageViewModel::isUppercaseChanged);
+}
+
+void TextImageViewModel::setBold(bool bold)
+{
+    assign(this, m_isBold, bold, &TextImageViewModel::isBoldChanged);
+}
+
+void TextImageViewModel::setItalic(bool italic)
+{
+    assign(this, m_isItalic, italic, &TextImageViewModel::isItalicChanged);
+}
+
+void TextImageViewModel::setTextSize(qreal size)
+{
+    assign(this, m_textSize, std::clamp(size, minimumTextSize(), maximumTextSize()),
+           &TextImageViewModel::textSizeChanged);
+}
+
+void TextImageViewModel::setSelectedColor(const QColor& color)
+{
+    assign(this, m_selectedColor, color, &TextImageViewModel::selectedColorChanged);
+}
+
+QFont TextImageViewModel::font(bool withTraits) const
+{
+    QFont font = QGuiApplication::font();
+    font.setPixelSize(std::max(1, int(std::lround(m_textSize))));
+    if (withTraits) {
+        font.setBold(m_isBold);
+        font.setItalic(m_isItalic);
+    }
+    return font;
+}
+
+QString TextImageViewModel::displayedText() const
+{
+    return m_isUppercase ? m_text.toUpper() : m_text;
+}
+
+QImage TextImageViewModel::textToImage() const
+{
+    // Measured with the traits applied, so bold and italic text is never clipped.
+    const QFont styled = font(true);
+    const QString shown = displayedText();
+    const QSizeF size = fittedSize(styled, shown);
+    QImage image = canvasOf(size);
+    if (image.isNull())
+        return image;
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::TextAntialiasing);
+    painter.setFont(styled);
+    painter.setPen(m_selectedColor);
+    painter.drawText(QRectF(QPointF(0, 0), size), kTextFlags, shown);
+    return image;
+}
+
+QSizeF TextImageViewModel::getTextImageSize() const
+{
+    return fittedSize(font(false), m_text);
+}
+
+QImage TextImageViewModel::convertTextToImage(QSizeF initialSize, const QColor& backgroundColor) const
+{
+    QImage image = canvasOf(initialSize);
+    if (image.isNull())
+        return image;
+    image.fill(backgroundColor);
+    const QFont styled = font(true);
+    const QString shown = displayedText();
+    const QSizeF text = fittedSize(styled, shown);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::TextAntialiasing);
+    painter.setFont(styled);
+    painter.setPen(m_selectedColor);
+    const QPointF origin((initialSize.width() - text.width()) / 2,
+                         (initialSize.height() - text.height()) / 2);
+    painter.drawText(QRectF(origin, text), kTextFlags, shown);
+    return image;
+}

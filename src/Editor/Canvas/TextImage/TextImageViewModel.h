@@ -1,0 +1,70 @@
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QImage>
+#include <QObject>
+#include <QSizeF>
+#include <QtQml/qqmlregistration.h>
+
+/// The text entry screen's state: what the user typed and its style, and its rendering into a transparent
+/// image for the canvas.
+class TextImageViewModel : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(QString text READ text WRITE setText NOTIFY textChanged)
+    Q_PROPERTY(bool isUppercase READ isUppercase WRITE setUppercase NOTIFY isUppercaseChanged)
+    Q_PROPERTY(bool isBold READ isBold WRITE setBold NOTIFY isBoldChanged)
+    Q_PROPERTY(bool isItalic READ isItalic WRITE setItalic NOTIFY isItalicChanged)
+    /// Points, from minimumTextSize to maximumTextSize.
+    Q_PROPERTY(qreal textSize READ textSize WRITE setTextSize NOTIFY textSizeChanged)
+    Q_PROPERTY(QColor selectedColor READ selectedColor WRITE setSelectedColor NOTIFY selectedColorChanged)
+    Q_PROPERTY(qreal minimumTextSize READ minimumTextSize CONSTANT)
+    Q_PROPERTY(qreal maximumTextSize READ maximumTextSize CONSTANT)
+
+public:
+    using QObject::QObject;
+
+    QString text() const { return m_text; }
+    void setText(const QString& text);
+    bool isUppercase() const { return m_isUppercase; }
+    void setUppercase(bool uppercase);
+    bool isBold() const { return m_isBold; }
+    void setBold(bool bold);
+    bool isItalic() const { return m_isItalic; }
+    void setItalic(bool italic);
+    qreal textSize() const { return m_textSize; }
+    void setTextSize(qreal size);
+    QColor selectedColor() const { return m_selectedColor; }
+    void setSelectedColor(const QColor& color);
+    static constexpr qreal minimumTextSize() { return 5.0; }
+    static constexpr qreal maximumTextSize() { return 50.0; }
+
+    /// The styled text, centred, on a transparent image just large enough for it, at the screen's scale.
+    QImage textToImage() const;
+    /// The size the plain text (no traits, no case change) needs, in points.
+    QSizeF getTextImageSize() const;
+    /// The styled text centred in \a initialSize points over \a backgroundColor.
+    QImage convertTextToImage(QSizeF initialSize, const QColor& backgroundColor) const;
+
+    /// The font a given style renders with (for checks of the traits).
+    QFont font(bool withTraits) const;
+    QString displayedText() const;
+
+signals:
+    void textChanged();
+    void isUppercaseChanged();
+    void isBoldChanged();
+    void isItalicChanged();
+    void textSizeChanged();
+    void selectedColorChanged();
+
+private:
+    QString m_text;
+    bool m_isUppercase = false;
+    bool m_isBold = false;
+    bool m_isItalic = false;
+    qreal m_textSize = 20.0;
+    QColor m_selectedColor = Qt::white;
+};

@@ -1,0 +1,126 @@
+#include "Editor/Canvas/TextImage/TextImageViewModel.h"
+
+#include <QTest>
+
+namespace {
+
+int pixelsOf(const QImage& image, QColor colour)
+{
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const QColor c = image.pixelColor(x, y);
+            if (c.alpha() > 200 && qAbs(c.red() - colour.red()) < 40 &&
+                qAbs(c.green() - colour.green()) < 40 && qAbs(c.blue() - colour.blue()) < 40)
+                ++count;
+        }
+    }
+    return count;
+}
+
+} // namespace
+
+class tst_TextImageViewModel : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void uppercase_changesTheRenderingNotTheText()
+    {
+        TextImageViewModel model;
+        model.setText(QStringLiteral("abc"));
+        const QImage lower = model.textToImage();
+        model.setUppercase(true);
+        QCOMPARE(model.displayedText(), QStringLiteral("ABC"));
+        QCOMPARE(model.text(), QStringLiteral("abc"));
+        const QImage upper = model.textToImage();
+        QVERIFY(upper != lower);
+
+        TextImageViewModel typedInCapitals;
+        typedInCapitals.setText(QStringLiteral("ABC"));
+        QCOMPARE(upper, typedInCapitals.textToImage());
+    }
+
+    void traits_data()
+    {
+        QTest::addColumn<bool>("bold");
+        QTest::addColumn<bool>("italic");
+        QTest::newRow("plain") << false << false;
+        QTest::newRow("bold") << true << false;
+        QTest::newRow("italic") << false << true;
+        QTest::newRow("bold italic") << true << true;
+    }
+
+    void traits()
+    {
+        QFETCH(bool, bold);
+        QFETCH(bool, italic);
+        TextImageViewModel model;
+        model.setText(QStringLiteral("Quorvane"));
+        model.setBold(bold);
+        model.setItalic(italic);
+        const QFont font = model.font(true);
+        QCOMPARE(font.bold(), bold);
+        QCOMPARE(font.italic(), italic);
+        QVERIFY(!model.font(false).bold());
+        // Measured with its traits: bold text gets the room it needs.
+        const QImage image = model.textToImage();
+        QVERIFY(!image.isNull());
+        QVERIFY(pixelsOf(image, Qt::white) > 20);
+        QCOMPARE(image.pixelColor(0, 0).alpha(), 0);
+    }
+
+    void textToImage_usesTheColourAndSize()
+    {
+        TextImageViewModel model;
+        model.setText(QStringLiteral("Hello"));
+        const QSizeF small = model.textToImage().deviceIndependentSize();
+        model.setTextSize(40);
+        model.setSelectedColor(Qt::red);
+        const QImage large = model.textToImage();
+        QVERIFY(large.deviceIndependentSize().width() > small.width() * 1.5);
+        QVERIFY(pixelsOf(large, Qt::red) > 50);
+        QCOMPARE(pixelsOf(large, Qt::white), 0);
+    }
+
+    void textSize_staysWithinItsRange_data()
+    {
+        QTest::addColumn<qreal>("asked");
+        QTest::addColumn<qreal>("kept");
+        QTest::newRow("below") << 1.0 << 5.0;
+        QTest::newRow("inside") << 33.0 << 33.0;
+        QTest::newRow("above") << 80.0 << 50.0;
+    }
+
+    void textSize_staysWithinItsRange()
+    {
+        QFETCH(qreal, asked);
+        QFETCH(qreal, kept);
+        TextImageViewModel model;
+        QCOMPARE(model.textSize(), 20.0);
+        model.setTextSize(asked);
+        QCOMPARE(model.textSize(), kept);
+    }
+
+    void emptyText_rendersNothing()
+    {
+        TextImageViewModel model;
+        QVERIFY(model.textToImage().isNull());
+        QCOMPARE(model.getTextImageSize().width(), 0.0);
+    }
+
+    void convertTextToImage_centresOnTheBackground()
+    {
+        TextImageViewModel model;
+        model.setText(QStringLiteral("Hi"));
+        const QImage image = model.convertTextToImage(QSizeF(200, 100), Qt::blue);
+        QCOMPARE(image.deviceIndependentSize(), QSizeF(200, 100));
+        QCOMPARE(image.pixelColor(2, 2), QColor(Qt::blue));
+        QVERIFY(pixelsOf(image.copy(70, 30, 60, 40), Qt::white) > 10);
+        QCOMPARE(pixelsOf(image.copy(0, 0, 50, 100), Qt::white), 0);
+        QVERIFY(model.getTextImageSize().width() > 0);
+    }
+};
+
+QTEST_MAIN(tst_TextImageViewModel)
+#include "tst_TextImageViewModel.moc"
