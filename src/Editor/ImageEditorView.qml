@@ -159,7 +159,8 @@ Rectangle {
 
         anchors.fill: parent
         active: root.viewModel.page !== "base"
-        sourceComponent: root.viewModel.page === "crop" ? cropPage : placeholderPage
+        sourceComponent: root.viewModel.page === "crop" ? cropPage
+                       : root.viewModel.page === "canvas" ? canvasPage : placeholderPage
     }
 
     Component {
@@ -170,6 +171,17 @@ Rectangle {
             bottomInset: root.bottomInset
 
             // Tool pages rise into place with a spring.
+            SpringAnimation on y { from: root.height; to: 0; spring: 5; damping: 0.4 }
+        }
+    }
+
+    Component {
+        id: canvasPage
+        CanvasView {
+            viewModel: root.viewModel.canvas
+            topInset: root.topInset
+            bottomInset: root.bottomInset
+
             SpringAnimation on y { from: root.height; to: 0; spring: 5; damping: 0.4 }
         }
     }

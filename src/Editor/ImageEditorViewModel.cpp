@@ -27,21 +27,23 @@ void ImageEditorViewModel::navigate(Page page)
 {
     if (page == m_page)
         return;
-    // Each tool page's model lives while its page is shown.
-    if (m_cropper) {
-        m_cropper->deleteLater(); // it may be the caller, handing back its result
-        m_cropper = nullptr;
-    }
-    if (page == Page::crop) {
-        QPointer<ImageEditorViewModel> self(this);
-        m_cropper = new CropperViewModel(
-            m_image, std::make_shared<ImageCropperImp>(),
-            [self](std::optional<QImage> result) {
-                if (self)
-                    self->addNewImageVerion(std::move(result));
-            },
-            this);
-    }
+    // Each tool page's model lives while its page is shown. It may be the caller, handing back its result:
+    // it is deleted once it has returned.
+    if (m_cropper)
+        m_cropper->deleteLater();
+    if (m_canvas)
+        m_canvas->deleteLater();
+    m_cropper = nullptr;
+    m_canvas = nullptr;
+    QPointer<ImageEditorViewModel> self(this);
+    const auto returnAction = [self](std::optional<QImage> result) {
+        if (self)
+            self->addNewImageVerion(std::move(result));
+    };
+    if (page == Page::canvas)
+        m_canvas = new CanvasViewModel(m_image, returnAction, this);
+    if (page == Page::crop)
+        m_cropper = new CropperViewModel(m_image, std::make_shared<ImageCropperImp>(), returnAction, this);
     m_page = page;
     emit pageChanged();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Canvas/CanvasViewModel.h"
 #include "Cropper/CropperViewModel.h"
 
 #include <QImage>
@@ -26,6 +27,8 @@ class ImageEditorViewModel : public QObject
     Q_PROPERTY(QString page READ pageName NOTIFY pageChanged)
     /// The crop page's model while the crop page is shown, else null.
     Q_PROPERTY(CropperViewModel* cropper READ cropper NOTIFY pageChanged)
+    /// The canvas page's model while the canvas page is shown, else null.
+    Q_PROPERTY(CanvasViewModel* canvas READ canvas NOTIFY pageChanged)
 
 public:
     enum class Page { base, crop, canvas, filters, adjust };
@@ -44,6 +47,7 @@ public:
     Page page() const { return m_page; }
     QString pageName() const { return rawValue(m_page); }
     CropperViewModel* cropper() const { return m_cropper; }
+    CanvasViewModel* canvas() const { return m_canvas; }
 
     void navigate(Page page);
     /// navigate() for screens, by raw value; other texts are ignored.
@@ -76,4 +80,5 @@ private:
     QList<QImage> m_previousImageVersions;
     Page m_page = Page::base;
     QPointer<CropperViewModel> m_cropper;
+    QPointer<CanvasViewModel> m_canvas;
 };

@@ -74,7 +74,8 @@ void CanvasViewModel::setChoosingLineWidth(bool choosing)
 
 void CanvasViewModel::setupScreenSize(QSizeF size)
 {
-    if (m_screenWasAlreadyConfigured)
+    // A size without area is a layout still in progress, not the screen: it does not use up the one fit.
+    if (m_screenWasAlreadyConfigured || !(size.width() > 0) || !(size.height() > 0))
         return;
     m_screenWasAlreadyConfigured = true;
     if (m_setupScreenSizeCounter == std::numeric_limits<int>::max())
@@ -257,6 +258,27 @@ void CanvasViewModel::addText(std::optional<QImage> image)
     QList<LineImagePtr> images = m_lineImages;
     images.append(std::make_shared<LineImage>(m_imageFrameSize, std::move(*image), offset));
     setLineImages(std::move(images));
+}
+
+QList<QColor> CanvasViewModel::colorItems()
+{
+    // Red, green, blue, yellow, orange, purple, pink, gray, black, white, secondary, accent, brown, cyan,
+    // mint, teal, indigo: close to the standard palette of phones.
+    return {QColor(0xFF, 0x3B, 0x30), QColor(0x34, 0xC7, 0x59), QColor(0x00, 0x7A, 0xFF), QColor(0xFF, 0xCC, 0x00),
+            QColor(0xFF, 0x95, 0x00), QColor(0xAF, 0x52, 0xDE), QColor(0xFF, 0x2D, 0x55), QColor(0x8E, 0x8E, 0x93),
+            QColor(0x00, 0x00, 0x00), QColor(0xFF, 0xFF, 0xFF), QColor(0x3C, 0x3C, 0x43, 0x99),
+            QColor(0x00, 0x7A, 0xFF), QColor(0xA2, 0x84, 0x5E), QColor(0x32, 0xAD, 0xE6), QColor(0x00, 0xC7, 0xBE),
+            QColor(0x30, 0xB0, 0xC7), QColor(0x58, 0x56, 0xD6)};
+}
+
+void CanvasViewModel::confirmText(TextImageViewModel* text)
+{
+    if (!text || text->text().isEmpty()) {
+        addText(std::nullopt);
+        return;
+    }
+    QImage image = text->textToImage();
+    addText(image.isNull() ? std::nullopt : std::optional<QImage>(std::move(image)));
 }
 
 std::optional<QImage> CanvasViewModel::mergeDrawings()

@@ -2,6 +2,7 @@
 
 #include "LineImage/LineImage.h"
 #include "LineImage/LineImageViewModel.h"
+#include "TextImage/TextImageViewModel.h"
 #include "TransformDelegate.h"
 
 #include <QColor>
@@ -45,6 +46,8 @@ class CanvasViewModel : public QObject, public TransformDelegate
     Q_PROPERTY(bool hasPreviousStates READ hasPreviousStates NOTIFY previousStatesChanged)
     Q_PROPERTY(bool hasSelection READ hasSelection NOTIFY selectedLineImageChanged)
     Q_PROPERTY(bool isCropperSetup READ isCropperSetup NOTIFY isCropperSetupChanged)
+    /// The colour swatches, in the order the colour picker shows them.
+    Q_PROPERTY(QList<QColor> colorItems READ colorItems CONSTANT)
 
 public:
     enum class Option { drawing, text, transform };
@@ -103,6 +106,14 @@ public:
     void setColor(const QColor& color);
     /// Ends text entry and adds \a image centred as an item; none adds nothing.
     void addText(std::optional<QImage> image);
+    static QList<QColor> colorItems();
+    /// The text screen's confirm button: adds the rendered text, or nothing for an empty text.
+    Q_INVOKABLE void confirmText(TextImageViewModel* text);
+    /// Leaves text entry without adding anything.
+    Q_INVOKABLE void cancelText() { addText(std::nullopt); }
+    Q_INVOKABLE void setLineWidthFromPicker(qreal width) { setLineWidth(width); }
+    Q_INVOKABLE void setColorFromPicker(const QColor& color) { setColor(color); }
+
     /// Draws every item onto the image at the image's own resolution and empties the list; none without
     /// items.
     std::optional<QImage> mergeDrawings();

@@ -30,6 +30,8 @@ void BrandIcon::setColor(const QColor& color)
 
 void BrandIcon::paint(QPainter* painter)
 {
+    if (m_source.isEmpty())
+        return;
     QSvgRenderer renderer(m_source);
     if (!renderer.isValid() || width() <= 0 || height() <= 0)
         return;

@@ -84,6 +84,8 @@ private slots:
         QFETCH(QSizeF, frame);
         CanvasViewModel model(solid(QSize(400, 300), Qt::black));
         QVERIFY(!model.isCropperSetup());
+        model.setupScreenSize(QSizeF(300, 0)); // half laid out: not yet the screen
+        QVERIFY(!model.isCropperSetup());
         model.setupScreenSize(screen);
         model.setupScreenSize(QSizeF(100, 1000));
         QCOMPARE(model.imageFrameSize(), frame);
