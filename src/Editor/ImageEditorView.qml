@@ -161,6 +161,20 @@ Rectangle {
         active: root.viewModel.page !== "base"
         sourceComponent: root.viewModel.page === "crop" ? cropPage
                        : root.viewModel.page === "canvas" ? canvasPage : placeholderPage
+        // Each page springs into place once, when it opens.
+        onLoaded: pageSpring.restart()
+    }
+
+    SpringAnimation {
+        id: pageSpring
+        objectName: "pageSpring"
+        target: toolPage.item
+        property: "scale"
+        from: 0.9
+        to: 1
+        spring: 5
+        damping: 0.4
+        epsilon: 0.001
     }
 
     Component {
@@ -169,9 +183,6 @@ Rectangle {
             viewModel: root.viewModel.cropper
             topInset: root.topInset
             bottomInset: root.bottomInset
-
-            // Tool pages rise into place with a spring.
-            SpringAnimation on y { from: root.height; to: 0; spring: 5; damping: 0.4 }
         }
     }
 
@@ -181,8 +192,6 @@ Rectangle {
             viewModel: root.viewModel.canvas
             topInset: root.topInset
             bottomInset: root.bottomInset
-
-            SpringAnimation on y { from: root.height; to: 0; spring: 5; damping: 0.4 }
         }
     }
 
@@ -191,8 +200,6 @@ Rectangle {
         ToolPlaceholderView {
             title: root.viewModel.page
             onReturnAction: root.viewModel.leaveToolPage()
-
-            SpringAnimation on y { from: root.height; to: 0; spring: 5; damping: 0.4 }
         }
     }
 }

@@ -153,13 +153,13 @@ private slots:
         QVERIFY(!screen.completion(0).editedImageURL());
     }
 
-    void drawPage_untilBuilt_returnsNothing()
+    void drawPage_cancelled_returnsNothing()
     {
         EditorScreen screen(preset());
         screen.tap("drawTab");
         QVERIFY(screen.waitForToolPage());
         QCOMPARE(editor(screen)->pageName(), QStringLiteral("canvas"));
-        screen.tap("cancelButton");
+        screen.tap("canvasCancelButton");
         QTRY_COMPARE(editor(screen)->pageName(), QStringLiteral("base"));
         QVERIFY(!editor(screen)->hasPreviousImageVersions());
     }

@@ -78,9 +78,12 @@ void EditorScreen::key(Qt::Key key, Qt::KeyboardModifiers modifiers)
 bool EditorScreen::waitForToolPage()
 {
     const QQuickItem* loader = find("toolPage");
+    const QObject* spring = m_view.rootObject()->findChild<QObject*>(QStringLiteral("pageSpring"));
+    // The spring starts with the next animation tick, not at once: wait for it to start, then to settle.
+    const bool started = QTest::qWaitFor([&] { return spring && spring->property("running").toBool(); }, 500);
     return QTest::qWaitFor([&] {
         const auto* page = loader ? loader->childItems().value(0) : nullptr;
-        return page && page->y() == 0.0;
+        return started && page && !spring->property("running").toBool() && page->scale() == 1.0;
     });
 }
 

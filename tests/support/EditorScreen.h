@@ -27,7 +27,7 @@ public:
     void drag(const QQuickItem* item, QPointF from, QPointF to);
     void key(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
 
-    /// Waits until the tool page has finished rising into place.
+    /// Waits until the tool page has sprung into place.
     bool waitForToolPage();
 
     int completionCount() const { return int(m_completions->count()); }

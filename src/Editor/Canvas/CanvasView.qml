@@ -23,142 +23,148 @@ Rectangle {
         onActivated: root.viewModel.cancel()
     }
 
+    // While text is entered, the canvas underneath takes no touches.
     Item {
-        id: topOptions
-        anchors.left: parent.left
-        anchors.right: parent.right
-        anchors.top: parent.top
-        anchors.topMargin: root.topInset
-        height: 60
-
-        CircularButton {
-            objectName: "canvasUndoButton"
-            anchors.left: parent.left
-            anchors.leftMargin: 12
-            anchors.verticalCenter: parent.verticalCenter
-            visible: root.viewModel.hasPreviousStates
-            icon: BrandImage.undo
-            accessibleName: qsTr("Undo")
-            onClicked: root.viewModel.undoLastAction()
-        }
-        Row {
-            anchors.right: parent.right
-            anchors.rightMargin: 12
-            anchors.verticalCenter: parent.verticalCenter
-            spacing: 8
-
-            CircularButton {
-                objectName: "drawButton"
-                icon: BrandImage.draw
-                tint: root.viewModel.selectedOption === "drawing" ? BrandColor.ambar : BrandColor.gray
-                accessibleName: qsTr("Draw")
-                onClicked: root.viewModel.enableDraw()
-            }
-            CircularButton {
-                objectName: "textButton"
-                icon: BrandImage.text
-                tint: root.viewModel.selectedOption === "text" ? BrandColor.ambar : BrandColor.gray
-                accessibleName: qsTr("Text")
-                onClicked: root.viewModel.enableText()
-            }
-            CircularButton {
-                objectName: "moveButton"
-                visible: root.viewModel.hasPreviousStates
-                icon: BrandImage.move
-                tint: root.viewModel.selectedOption === "transform" ? BrandColor.ambar : BrandColor.gray
-                accessibleName: qsTr("Move")
-                onClicked: root.viewModel.enableMove()
-            }
-        }
-    }
-
-    Item {
-        id: canvasArea
-        anchors.left: parent.left
-        anchors.right: parent.right
-        anchors.top: topOptions.bottom
-        anchors.bottom: toolControls.top
-        anchors.margins: 8
-        onWidthChanged: root.viewModel.setupScreenSize(Qt.size(width, height))
-        onHeightChanged: root.viewModel.setupScreenSize(Qt.size(width, height))
+        anchors.fill: parent
+        enabled: !root.viewModel.isEnteringText
 
         Item {
-            id: frame
-            objectName: "canvasFrame"
+            id: topOptions
+            anchors.left: parent.left
+            anchors.right: parent.right
+            anchors.top: parent.top
+            anchors.topMargin: root.topInset
+            height: 60
 
-            anchors.centerIn: parent
-            width: root.viewModel.imageFrameSize.width
-            height: root.viewModel.imageFrameSize.height
-            clip: true
-
-            ImagePreview {
-                anchors.fill: parent
-                image: root.viewModel.image
+            CircularButton {
+                objectName: "canvasUndoButton"
+                anchors.left: parent.left
+                anchors.leftMargin: 12
+                anchors.verticalCenter: parent.verticalCenter
+                visible: root.viewModel.hasPreviousStates
+                icon: BrandImage.undo
+                accessibleName: qsTr("Undo")
+                onClicked: root.viewModel.undoLastAction()
             }
-            Repeater {
-                model: root.viewModel.lineImageViewModels
-                LineImageView {
-                    required property LineImageViewModel modelData
-                    viewModel: modelData
-                    onTapped: root.viewModel.handleTap(modelData.itemId)
+            Row {
+                anchors.right: parent.right
+                anchors.rightMargin: 12
+                anchors.verticalCenter: parent.verticalCenter
+                spacing: 8
+
+                CircularButton {
+                    objectName: "drawButton"
+                    icon: BrandImage.draw
+                    tint: root.viewModel.selectedOption === "drawing" ? BrandColor.ambar : BrandColor.gray
+                    accessibleName: qsTr("Draw")
+                    onClicked: root.viewModel.enableDraw()
+                }
+                CircularButton {
+                    objectName: "textButton"
+                    icon: BrandImage.text
+                    tint: root.viewModel.selectedOption === "text" ? BrandColor.ambar : BrandColor.gray
+                    accessibleName: qsTr("Text")
+                    onClicked: root.viewModel.enableText()
+                }
+                CircularButton {
+                    objectName: "moveButton"
+                    visible: root.viewModel.hasPreviousStates
+                    icon: BrandImage.move
+                    tint: root.viewModel.selectedOption === "transform" ? BrandColor.ambar : BrandColor.gray
+                    accessibleName: qsTr("Move")
+                    onClicked: root.viewModel.enableMove()
                 }
             }
-            DrawingView {
+        }
+
+        Item {
+            id: canvasArea
+            anchors.left: parent.left
+            anchors.right: parent.right
+            anchors.top: topOptions.bottom
+            anchors.bottom: toolControls.top
+            anchors.margins: 8
+            onWidthChanged: root.viewModel.setupScreenSize(Qt.size(width, height))
+            onHeightChanged: root.viewModel.setupScreenSize(Qt.size(width, height))
+
+            Item {
+                id: frame
+                objectName: "canvasFrame"
+
+                anchors.centerIn: parent
+                width: root.viewModel.imageFrameSize.width
+                height: root.viewModel.imageFrameSize.height
+                clip: true
+
+                ImagePreview {
+                    anchors.fill: parent
+                    image: root.viewModel.image
+                }
+                Repeater {
+                    model: root.viewModel.lineImageViewModels
+                    LineImageView {
+                        required property LineImageViewModel modelData
+                        viewModel: modelData
+                        onTapped: root.viewModel.handleTap(modelData.itemId)
+                    }
+                }
+                DrawingView {
+                    anchors.fill: parent
+                    visible: root.viewModel.selectedOption === "drawing"
+                    viewModel: root.viewModel
+                }
+            }
+        }
+
+        Item {
+            id: toolControls
+            anchors.left: parent.left
+            anchors.right: parent.right
+            anchors.bottom: bottomOptions.top
+            anchors.bottomMargin: 8
+            height: 96
+
+            Column {
                 anchors.fill: parent
+                spacing: 8
                 visible: root.viewModel.selectedOption === "drawing"
+
+                ChooseLineWidthView {
+                    width: parent.width
+                    viewModel: root.viewModel
+                }
+                ChooseColorView {
+                    width: parent.width
+                    colors: root.viewModel.colorItems
+                    selectedColor: root.viewModel.selectedColor
+                    onChosen: (color) => root.viewModel.setColorFromPicker(color)
+                }
+            }
+            TransformView {
+                anchors.fill: parent
+                visible: root.viewModel.selectedOption === "transform" && root.viewModel.hasSelection
                 viewModel: root.viewModel
             }
         }
-    }
 
-    Item {
-        id: toolControls
-        anchors.left: parent.left
-        anchors.right: parent.right
-        anchors.bottom: bottomOptions.top
-        anchors.bottomMargin: 8
-        height: 96
+        Row {
+            id: bottomOptions
+            anchors.horizontalCenter: parent.horizontalCenter
+            anchors.bottom: parent.bottom
+            anchors.bottomMargin: root.bottomInset + 16
+            spacing: 16
 
-        Column {
-            anchors.fill: parent
-            spacing: 8
-            visible: root.viewModel.selectedOption === "drawing"
-
-            ChooseLineWidthView {
-                width: parent.width
-                viewModel: root.viewModel
+            OutlineButton {
+                objectName: "canvasCancelButton"
+                title: qsTr("CANCEL")
+                onClicked: root.viewModel.cancel()
             }
-            ChooseColorView {
-                width: parent.width
-                colors: root.viewModel.colorItems
-                selectedColor: root.viewModel.selectedColor
-                onChosen: (color) => root.viewModel.setColorFromPicker(color)
+            FilledButton {
+                objectName: "acceptButton"
+                title: qsTr("ACCEPT")
+                isDisabled: !root.viewModel.hasPreviousStates
+                onClicked: root.viewModel.accept()
             }
-        }
-        TransformView {
-            anchors.fill: parent
-            visible: root.viewModel.selectedOption === "transform" && root.viewModel.hasSelection
-            viewModel: root.viewModel
-        }
-    }
-
-    Row {
-        id: bottomOptions
-        anchors.horizontalCenter: parent.horizontalCenter
-        anchors.bottom: parent.bottom
-        anchors.bottomMargin: root.bottomInset + 16
-        spacing: 16
-
-        OutlineButton {
-            objectName: "canvasCancelButton"
-            title: qsTr("CANCEL")
-            onClicked: root.viewModel.cancel()
-        }
-        FilledButton {
-            objectName: "acceptButton"
-            title: qsTr("ACCEPT")
-            isDisabled: !root.viewModel.hasPreviousStates
-            onClicked: root.viewModel.accept()
         }
     }
 

@@ -19,6 +19,10 @@ Rectangle {
         sequence: "Escape"
         onActivated: root.canvas.cancelText()
     }
+    // The canvas below must not receive the touches meant for this screen.
+    MouseArea {
+        anchors.fill: parent
+    }
 
     Column {
         anchors.left: parent.left

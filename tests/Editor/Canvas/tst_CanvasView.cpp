@@ -1,0 +1,169 @@
+#include "Editor/Canvas/CanvasViewModel.h"
+#include "Editor/QuorvaneSdkImageEditorViewModel.h"
+#include "EditorScreen.h"
+#include "TestImages.h"
+
+#include <QPointingDevice>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QtQml/QQmlExtensionPlugin>
+
+Q_IMPORT_QML_PLUGIN(Quorvane_SdkImagePlugin)
+
+using namespace TestImages;
+
+namespace {
+
+int whitePixels(const QImage& image, QRect area)
+{
+    int count = 0;
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        for (int x = area.left(); x <= area.right(); ++x) {
+            const QColor c = image.pixelColor(x, y);
+            if (c.red() > 235 && c.green() > 235 && c.blue() > 235)
+                ++count;
+        }
+    }
+    return count;
+}
+
+} // namespace
+
+class tst_CanvasView : public QObject
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_dir;
+    QString m_photo;
+    QString m_output;
+    QPointingDevice* m_touch = nullptr;
+
+    static ImageEditorViewModel* editor(EditorScreen& screen)
+    {
+        return screen.view()
+            .rootObject()
+            ->property("viewModel")
+            .value<QuorvaneSdkImageEditorViewModel*>()
+            ->editor();
+    }
+
+    // Repeated items belong to their visual parent only, so they are found by walking the item tree.
+    static QQuickItem* itemShowing(const QQuickItem* root, QObject* model)
+    {
+        for (QQuickItem* child : root->childItems()) {
+            if (child->objectName() == u"lineImage" &&
+                child->property("viewModel").value<QObject*>() == model)
+                return child;
+            if (QQuickItem* found = itemShowing(child, model))
+                return found;
+        }
+        return nullptr;
+    }
+
+private slots:
+    void initTestCase()
+    {
+        QStandardPaths::setTestModeEnabled(true);
+        m_photo = m_dir.filePath(QStringLiteral("photo.png"));
+        QVERIFY(writeFile(m_photo, encode(QImage(photoPath()).copy(1000, 800, 1200, 900), "png")));
+        m_output = m_dir.filePath(QStringLiteral("drawn.png"));
+        m_touch = QTest::createTouchDevice();
+    }
+
+    void wholeSession_strokeAndText_landWhereTheyWerePlaced()
+    {
+        EditorScreen screen(QuorvaneSdkImageEditorPreset(QUrl::fromLocalFile(m_photo),
+                                                         QuorvaneSdkImageOutputFormat::png(),
+                                                         QUrl::fromLocalFile(m_output), std::nullopt));
+        screen.tap("drawTab");
+        QVERIFY(screen.waitForToolPage());
+        CanvasViewModel* canvas = editor(screen)->canvas();
+        QVERIFY(canvas);
+        QTRY_VERIFY(canvas->isCropperSetup());
+        QVERIFY(!screen.isShown("moveButton"));
+        QCOMPARE(screen.find("acceptButton")->property("isDisabled").toBool(), true);
+
+        // One finger draws a stroke.
+        const QQuickItem* surface = screen.find("drawingSurface");
+        screen.drag(surface, QPointF(40, 40), QPointF(120, 100));
+        QCOMPARE(canvas->lineImages().size(), 1);
+        QVERIFY(screen.isShown("moveButton"));
+        QVERIFY(screen.isShown("canvasUndoButton"));
+
+        // A text, typed and confirmed, lands in the middle.
+        screen.tap("textButton");
+        QTRY_VERIFY(screen.find("textField"));
+        screen.tap("textField");
+        for (const char letter : {'H', 'E', 'L', 'L', 'O'})
+            QTest::keyClick(&screen.view(), letter);
+        screen.tap("textConfirmButton");
+        QTRY_COMPARE(canvas->lineImages().size(), 2);
+        QVERIFY(!canvas->isEnteringText());
+        const LineImagePtr text = canvas->lineImages()[1];
+        const QSizeF centred = text->offset();
+
+        // Moved with one finger, then pinched with two.
+        screen.tap("moveButton");
+        QQuickItem* textItem = itemShowing(screen.view().rootObject(), canvas->lineImageViewModels()[1]);
+        QVERIFY(textItem);
+        const QPointF middle(textItem->width() / 2, textItem->height() / 2);
+        screen.drag(textItem, middle, middle + QPointF(40, 30));
+        QTRY_VERIFY(qAbs(text->offset().width() - centred.width() - 40) <= 2);
+        QVERIFY(qAbs(text->offset().height() - centred.height() - 30) <= 2);
+
+        const QPoint centre = textItem->mapToScene(middle).toPoint();
+        QTest::touchEvent(&screen.view(), m_touch)
+            .press(0, centre - QPoint(20, 0))
+            .press(1, centre + QPoint(20, 0));
+        for (int step = 1; step <= 10; ++step) {
+            QTest::touchEvent(&screen.view(), m_touch)
+                .move(0, centre - QPoint(20 + 4 * step, 0))
+                .move(1, centre + QPoint(20 + 4 * step, 0));
+        }
+        QTest::touchEvent(&screen.view(), m_touch)
+            .release(0, centre - QPoint(60, 0))
+            .release(1, centre + QPoint(60, 0));
+        QTRY_VERIFY2(text->magnification() > 1.2, qPrintable(QString::number(text->magnification())));
+
+        const QSizeF frame = canvas->imageFrameSize();
+        const qreal toImage = 1200.0 / frame.width();
+        const QPointF textCentre = text->getCenterPoint() * toImage;
+
+        screen.tap("acceptButton");
+        QTRY_COMPARE(editor(screen)->pageName(), QStringLiteral("base"));
+        screen.tap("continueButton");
+        QCOMPARE(screen.completionCount(), 1);
+
+        const QImage saved(m_output);
+        QCOMPARE(saved.size(), QSize(1200, 900));
+        const QImage original(m_photo);
+        // The stroke's middle is white in the saved file.
+        const QPoint strokeMiddle = (QPointF(80, 70) * toImage).toPoint();
+        const QRect strokeArea(strokeMiddle - QPoint(6, 6), QSize(13, 13));
+        QVERIFY(whitePixels(saved, strokeArea) > 10 + whitePixels(original, strokeArea));
+        // So is the text, where it was moved to.
+        const QRect textArea(textCentre.toPoint() - QPoint(60, 20), QSize(120, 40));
+        QVERIFY(whitePixels(saved, textArea) > 100 + whitePixels(original, textArea));
+        // Far from both, the photo is untouched.
+        QCOMPARE(saved.copy(0, 800, 1200, 100).convertToFormat(QImage::Format_RGB32),
+                 original.copy(0, 800, 1200, 100).convertToFormat(QImage::Format_RGB32));
+    }
+
+    void cancel_discardsTheDrawing()
+    {
+        EditorScreen screen(QuorvaneSdkImageEditorPreset(QUrl::fromLocalFile(m_photo)));
+        screen.tap("drawTab");
+        QVERIFY(screen.waitForToolPage());
+        CanvasViewModel* canvas = editor(screen)->canvas();
+        QTRY_VERIFY(canvas->isCropperSetup());
+        screen.drag(screen.find("drawingSurface"), QPointF(40, 40), QPointF(120, 100));
+        screen.tap("canvasCancelButton");
+        QTRY_COMPARE(editor(screen)->pageName(), QStringLiteral("base"));
+        QVERIFY(!editor(screen)->hasPreviousImageVersions());
+    }
+};
+
+QTEST_MAIN(tst_CanvasView)
+#include "tst_CanvasView.moc"
