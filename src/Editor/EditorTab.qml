@@ -14,7 +14,8 @@ Item {
     implicitHeight: 56
     Accessible.role: Accessible.PageTab
     Accessible.name: root.title
-    Accessible.onPressAction: root.clicked()
+    Accessible.ignored: !root.enabled
+    Accessible.onPressAction: if (root.enabled) root.clicked()
 
     BrandIcon {
         anchors.horizontalCenter: parent.horizontalCenter

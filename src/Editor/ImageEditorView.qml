@@ -23,11 +23,6 @@ Rectangle {
             sequences: [StandardKey.Undo]
             onActivated: root.viewModel.restoreLastImageVersion()
         }
-        Shortcut {
-            enabled: basePage.visible
-            sequence: "Escape"
-            onActivated: root.viewModel.close()
-        }
 
         Rectangle {
             id: topBar

@@ -11,11 +11,12 @@ QString ImageEditorViewModel::rawValue(Page page)
 
 std::optional<ImageEditorViewModel::Page> ImageEditorViewModel::page(const QString& rawValue)
 {
-    bool ok = false;
-    const int value = QMetaEnum::fromType<Page>().keyToValue(rawValue.toLatin1().constData(), &ok);
-    if (!ok)
-        return std::nullopt;
-    return Page(value);
+    // Exact raw values only: QMetaEnum would also take "ImageEditorViewModel::crop".
+    for (const Page candidate : {Page::base, Page::crop, Page::canvas, Page::filters, Page::adjust}) {
+        if (ImageEditorViewModel::rawValue(candidate) == rawValue)
+            return candidate;
+    }
+    return std::nullopt;
 }
 
 ImageEditorViewModel::ImageEditorViewModel(QImage image, QObject* parent)
@@ -73,6 +74,15 @@ void ImageEditorViewModel::restoreLastImageVersion()
     m_image = std::move(*last);
     emit previousImageVersionsChanged();
     emit imageChanged();
+}
+
+void ImageEditorViewModel::leave(std::optional<QImage> image)
+{
+    // A double tap on "CONTINUE" must not write two files.
+    if (m_hasReturned)
+        return;
+    m_hasReturned = true;
+    emit returnAction(std::move(image));
 }
 
 std::optional<QImage> ImageEditorViewModel::getLastImageVersion()

@@ -61,10 +61,10 @@ public:
     /// Undo: the previous version becomes current again. Nothing without one.
     Q_INVOKABLE void restoreLastImageVersion();
 
-    /// The close button: leaves the editor without an image.
-    Q_INVOKABLE void close() { emit returnAction(std::nullopt); }
+    /// The close button: leaves the editor without an image. The editor is left once; later calls do nothing.
+    Q_INVOKABLE void close() { leave(std::nullopt); }
     /// "CONTINUE": leaves the editor with the current image.
-    Q_INVOKABLE void finish() { emit returnAction(m_image); }
+    Q_INVOKABLE void finish() { leave(m_image); }
 
 signals:
     void imageChanged();
@@ -75,10 +75,12 @@ signals:
 
 private:
     std::optional<QImage> getLastImageVersion();
+    void leave(std::optional<QImage> image);
 
     QImage m_image;
     QList<QImage> m_previousImageVersions;
     Page m_page = Page::base;
     QPointer<CropperViewModel> m_cropper;
     QPointer<CanvasViewModel> m_canvas;
+    bool m_hasReturned = false;
 };

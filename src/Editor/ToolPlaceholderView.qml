@@ -13,6 +13,7 @@ Rectangle {
 
     Shortcut {
         sequence: "Escape"
+        autoRepeat: false
         onActivated: root.returnAction()
     }
     Text {

@@ -24,7 +24,7 @@ QString ImageLogger::parseModuleVersion(const QString& properties, const QString
     QString version = fallback;
     for (const QStringView line : QStringView(properties).split(u'\n')) {
         // Blanks are not trimmed: " version=1" and "version = 1" do not name the key.
-        const auto parts = line.split(u'=', Qt::SkipEmptyParts);
+        const auto parts = line.split(u'=');
         if (parts.size() == 2 && parts[0] == u"version")
             version = parts[1].toString();
     }

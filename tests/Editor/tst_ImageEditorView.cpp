@@ -177,9 +177,9 @@ private slots:
         editor(screen)->addNewImageVerion(TestImages::quadrants(QSize(10, 10)));
         screen.key(Qt::Key_Z, Qt::ControlModifier);
         QCOMPARE(editor(screen)->image().size(), QSize(1200, 900));
+        // On the base page Escape does not throw the session away.
         screen.key(Qt::Key_Escape);
-        QCOMPARE(screen.completionCount(), 1);
-        QVERIFY(!screen.completion(0).editedImage());
+        QCOMPARE(screen.completionCount(), 0);
     }
 };
 

@@ -15,17 +15,35 @@ private:
     QTemporaryDir m_dir;
 
 private slots:
-    void fromImage_keepsAnUprightCopyAtScreenScale()
+    void fromImage_keepsAnUprightCopy_neverWithMorePixels_data()
     {
-        QImage original = quadrants(QSize(30, 20));
+        QTest::addColumn<qreal>("imageScale");
+        for (const qreal scale : {1.0, 2.0, 3.0, 4.0})
+            QTest::addRow("image scale %g", scale) << scale;
+    }
+
+    // Run at screen scales 1 and 3 (a second test entry sets QT_SCALE_FACTOR).
+    void fromImage_keepsAnUprightCopy_neverWithMorePixels()
+    {
+        QFETCH(qreal, imageScale);
+        QImage original = quadrants(QSize(120, 60));
+        original.setDevicePixelRatio(imageScale);
         const QuorvaneSdkImageEditorPreset preset(original, QuorvaneSdkImageOutputFormat::png(), std::nullopt,
                                                   QSizeF(10, 10));
         original.fill(Qt::black);
 
         QVERIFY(preset.image());
-        QCOMPARE(preset.image()->deviceIndependentSize(), QSizeF(30, 20));
-        QCOMPARE(preset.image()->devicePixelRatio(), ImageHelpers::screenScale());
-        QCOMPARE(preset.image()->convertToFormat(QImage::Format_RGB32), quadrants(QSize(30, 20)));
+        const QImage& copy = *preset.image();
+        QCOMPARE(copy.deviceIndependentSize(), QSizeF(120, 60) / imageScale);
+        const qreal screen = ImageHelpers::screenScale();
+        if (screen >= imageScale) {
+            QCOMPARE(copy.size(), QSize(120, 60)); // its own pixels, not invented ones
+            QCOMPARE(copy.devicePixelRatio(), imageScale);
+        } else {
+            QCOMPARE(copy.devicePixelRatio(), screen);
+            QCOMPARE(copy.size(), (QSizeF(120, 60) / imageScale * screen).toSize());
+        }
+        QVERIFY(quartersMatch(copy, quadrants(QSize(120, 60)), 2));
         QCOMPARE(preset.outputFormat(), QuorvaneSdkImageOutputFormat::png());
         QCOMPARE(preset.newSize(), std::optional<QSizeF>(QSizeF(10, 10)));
         QVERIFY(preset.loadFailure().isEmpty());

@@ -30,8 +30,13 @@ private slots:
                                    << "fallback";
         QTest::newRow("key in capitals") << "VERSION=1"
                                          << "fallback";
+        // Split literally: an empty value is a value, and a doubled "=" makes three parts.
         QTest::newRow("no value") << "version="
-                                  << "fallback";
+                                  << "";
+        QTest::newRow("doubled equals sign") << "version==1"
+                                             << "fallback";
+        QTest::newRow("leading equals sign") << "=version=1"
+                                             << "fallback";
         QTest::newRow("empty text") << ""
                                     << "fallback";
         QTest::newRow("trailing newline") << "version=3.1\n"

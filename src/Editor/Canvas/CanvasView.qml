@@ -19,6 +19,7 @@ Rectangle {
     }
     Shortcut {
         sequence: "Escape"
+        autoRepeat: false
         enabled: !root.viewModel.isEnteringText
         onActivated: root.viewModel.cancel()
     }

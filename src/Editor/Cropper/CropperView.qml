@@ -18,6 +18,7 @@ Rectangle {
     }
     Shortcut {
         sequence: "Escape"
+        autoRepeat: false
         onActivated: root.viewModel.cancel()
     }
 

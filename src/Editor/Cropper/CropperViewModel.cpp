@@ -203,7 +203,7 @@ std::optional<QImage> CropperViewModel::cropImage()
     try {
         result = m_cropper->crop(input);
     } catch (const QuorvaneSdkImageError&) {
-        // The service has logged it; the page stays open with nothing cropped.
+        // The service has logged it; the page hands back nothing.
     }
     assign(this, m_isCroppingInProgress, false, &CropperViewModel::isCroppingInProgressChanged);
     return result;

@@ -39,15 +39,13 @@ std::optional<QImage> redrawnAtScreenScale(const QImage& image)
     const qreal scale = screenScale();
     const QSizeF points = image.deviceIndependentSize();
     const auto pixels = pixelSizeFor(points, scale);
-    if (!pixels)
-        return std::nullopt;
-
-    // Drawn 1:1 onto a transparent canvas the redraw is exactly a format conversion, which is far cheaper.
-    if (*pixels == image.size()) {
+    // Redrawing a photo of scale 1 for a screen of scale 3 would make nine pixels of each one: the copy
+    // keeps the photo's own pixels and scale instead, and never invents detail.
+    if (!pixels || pixels->width() > image.width() || pixels->height() > image.height() ||
+        *pixels == image.size()) {
         QImage copy = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
         if (copy.isNull())
             return std::nullopt;
-        copy.setDevicePixelRatio(scale);
         return copy;
     }
     QImage canvas(*pixels, QImage::Format_ARGB32_Premultiplied);

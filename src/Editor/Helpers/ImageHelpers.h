@@ -10,8 +10,9 @@ namespace ImageHelpers {
 /// The primary screen's device pixel ratio, 1.0 without a screen.
 qreal screenScale();
 
-/// An upright, non-opaque copy of \a image at the screen's scale with the same size in points; empty for a
-/// null image or when the copy cannot be allocated.
+/// An upright, non-opaque copy of \a image with the same size in points, redrawn at the screen's scale when
+/// that has fewer pixels; an image of a lower scale than the screen keeps its own pixels and scale. Empty for
+/// a null image or when the copy cannot be allocated.
 std::optional<QImage> redrawnAtScreenScale(const QImage& image);
 
 /// \a image stretched to \a size points at the screen's scale (the aspect ratio is not kept); empty when

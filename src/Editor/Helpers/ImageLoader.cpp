@@ -92,14 +92,18 @@ ImageLoadResult loadImageFile(const QString& path, qint64 maxPixels)
     if (info.size() == 0)
         return {std::nullopt, sentence(path, QStringLiteral("is empty."))};
 
+    // Read, not mapped: a file cut short by another process while it is decoded must fail the load, not
+    // bring the host down. No honest file of the allowed size is larger than its pixels at 8 bytes each.
+    const qint64 maxFileBytes = maxPixels * 8 + 16 * 1024 * 1024;
+    if (info.size() > maxFileBytes)
+        return {std::nullopt,
+                sentence(path, QStringLiteral("is larger than any image within the pixel limit."))};
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return {std::nullopt, sentence(path, QStringLiteral("cannot be read: %1.").arg(file.errorString()))};
-    // Mapped, not read: a huge file costs address space, not memory.
-    const uchar* mapped = file.map(0, file.size());
-    if (!mapped)
+    const QByteArray bytes = file.read(maxFileBytes);
+    if (bytes.isEmpty())
         return {std::nullopt, sentence(path, QStringLiteral("cannot be read: %1.").arg(file.errorString()))};
-    const QByteArray bytes = QByteArray::fromRawData(reinterpret_cast<const char*>(mapped), file.size());
 
     QBuffer buffer;
     buffer.setData(bytes);
@@ -119,8 +123,15 @@ ImageLoadResult loadImageFile(const QString& path, qint64 maxPixels)
                                    .arg(declared.height())
                                    .arg(maxPixels))};
     }
-    // Guards the decoders whose header does not tell the size: 8 bytes a pixel covers 16-bit formats.
-    const qint64 limitMiB = (maxPixels * 8) / (1024 * 1024) + 1;
+    // Guards the decoders whose header does not tell the size: the limit's pixels in the format the decoder
+    // announces (4 bytes when it does not say).
+    // Some decoders answer with an undefined value for a damaged header: only known formats are asked about.
+    const int format = int(reader.imageFormat());
+    const int bytesPerPixel =
+        format <= int(QImage::Format_Invalid) || format >= int(QImage::NImageFormats)
+            ? 4
+            : std::max(1, QImage::toPixelFormat(QImage::Format(format)).bitsPerPixel() / 8);
+    const qint64 limitMiB = (maxPixels * bytesPerPixel) / (1024 * 1024) + 1;
     reader.setAllocationLimit(static_cast<int>(qMin<qint64>(limitMiB, std::numeric_limits<int>::max())));
 
     if (reader.format() == "jpeg" && !jpegStreamIsComplete(bytes))

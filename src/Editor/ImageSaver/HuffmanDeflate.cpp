@@ -1,6 +1,6 @@
 #include "HuffmanDeflate.h"
 
-#include <libdeflate.h>
+#include <zlib.h>
 
 #include <algorithm>
 #include <array>
@@ -299,7 +299,7 @@ void HuffmanZlibStream::addBlock(const unsigned char* data, std::size_t size, bo
     m_position = writer.out() - reinterpret_cast<std::uint8_t*>(m_out.data());
     m_bits = writer.pendingBits();
     m_bitCount = writer.pendingCount();
-    m_adler = libdeflate_adler32(m_adler, data, size);
+    m_adler = std::uint32_t(adler32_z(m_adler, data, size));
 }
 
 void HuffmanZlibStream::finish()

@@ -2,7 +2,7 @@
 
 #include "HuffmanDeflate.h"
 
-#include <libdeflate.h>
+#include <zlib.h>
 
 #include <algorithm>
 #include <array>
@@ -32,10 +32,10 @@ void appendChunk(QByteArray& png, const char type[4], const uchar* data, quint32
     std::memcpy(header.data() + 4, type, 4);
     png.append(reinterpret_cast<const char*>(header.data()), 8);
     png.append(reinterpret_cast<const char*>(data), length);
-    quint32 crc = libdeflate_crc32(0, header.data() + 4, 4);
+    quint32 crc = quint32(crc32_z(0, header.data() + 4, 4));
     // A null buffer would restart the checksum rather than extend it.
     if (length > 0)
-        crc = libdeflate_crc32(crc, data, length);
+        crc = quint32(crc32_z(crc, data, length));
     std::array<uchar, 4> trailer{};
     putBigEndian(trailer.data(), crc);
     png.append(reinterpret_cast<const char*>(trailer.data()), 4);
@@ -165,7 +165,7 @@ std::optional<QByteArray> encodePng(const QImage& image)
     putBigEndian(idat, quint32(idatLength));
     std::memcpy(idat + 4, "IDAT", 4);
     std::array<uchar, 4> crc{};
-    putBigEndian(crc.data(), libdeflate_crc32(0, idat + 4, size_t(idatLength) + 4));
+    putBigEndian(crc.data(), quint32(crc32_z(0, idat + 4, size_t(idatLength) + 4)));
     png.append(reinterpret_cast<const char*>(crc.data()), 4);
     appendChunk(png, "IEND", nullptr, 0);
     return png;

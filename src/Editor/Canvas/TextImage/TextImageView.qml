@@ -17,6 +17,7 @@ Rectangle {
 
     Shortcut {
         sequence: "Escape"
+        autoRepeat: false
         onActivated: root.canvas.cancelText()
     }
     // The canvas below must not receive the touches meant for this screen.
