@@ -3,6 +3,7 @@
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QTest>
+#include <QtQuickTest/quicktest.h>
 
 EditorScreen::EditorScreen(const QuorvaneSdkImageEditorPreset& preset, QSize size)
 {
@@ -24,7 +25,7 @@ EditorScreen::EditorScreen(const QuorvaneSdkImageEditorPreset& preset, QSize siz
 
 QQuickItem* EditorScreen::find(const char* objectName) const
 {
-    return m_view.rootObject()->findChild<QQuickItem*>(QString::fromLatin1(objectName));
+    return m_view.rootObject()->findChild<QQuickItem*>(QString::fromUtf8(objectName));
 }
 
 QString EditorScreen::text(const char* objectName) const
@@ -54,12 +55,15 @@ void EditorScreen::tap(const char* objectName)
 
 void EditorScreen::tap(const QQuickItem* item)
 {
+    // Rows place a button that just appeared only when they are polished: aim after that, as a person would.
+    QQuickTest::qWaitForPolish(&m_view);
     const QPointF centre = item->mapToScene(QPointF(item->width() / 2, item->height() / 2));
     QTest::mouseClick(&m_view, Qt::LeftButton, {}, centre.toPoint());
 }
 
 void EditorScreen::drag(const QQuickItem* item, QPointF from, QPointF to)
 {
+    QQuickTest::qWaitForPolish(&m_view);
     const QPoint start = item->mapToScene(from).toPoint();
     QTest::mousePress(&m_view, Qt::LeftButton, {}, start);
     constexpr int kSteps = 12;

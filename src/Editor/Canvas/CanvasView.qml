@@ -123,7 +123,7 @@ Rectangle {
             anchors.right: parent.right
             anchors.bottom: bottomOptions.top
             anchors.bottomMargin: 8
-            height: 96
+            height: root.viewModel.selectedOption === "transform" ? 200 : 96
 
             Column {
                 anchors.fill: parent

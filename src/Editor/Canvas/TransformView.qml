@@ -9,37 +9,45 @@ Item {
     /// The group shown: "none", "rotation", "scale" or "alignment".
     property string selectedOption: "none"
 
+    // One row at a time, wrapped to the screen's width; what does not fit scrolls up and down.
     Flickable {
         anchors.fill: parent
-        contentWidth: rows.width
+        contentHeight: rows.height
+        flickableDirection: Flickable.VerticalFlick
         clip: true
 
         Column {
             id: rows
-            spacing: 8
+            width: parent.width
             leftPadding: 12
             rightPadding: 12
 
-            Row {
+            Flow {
+                width: rows.width - 24
                 spacing: 8
+                visible: root.selectedOption === "none"
                 GrayButton { title: qsTr("Rotation"); icon: BrandImage.rotate; onClicked: root.selectedOption = "rotation" }
                 GrayButton { title: qsTr("Scale"); icon: BrandImage.resize; onClicked: root.selectedOption = "scale" }
                 GrayButton { title: qsTr("Alignment"); icon: BrandImage.move; onClicked: root.selectedOption = "alignment" }
                 GrayButton { title: qsTr("Delete"); icon: BrandImage.close; onClicked: root.viewModel.deleteSelection() }
-                GrayButton { title: qsTr("Done"); icon: BrandImage.back; onClicked: root.viewModel.closeSelection() }
+                GrayButton { title: qsTr("Done"); onClicked: root.viewModel.closeSelection() }
             }
-            Row {
+            Flow {
+                width: rows.width - 24
                 spacing: 8
                 visible: root.selectedOption === "rotation"
+                GrayButton { objectName: "rotationBack"; title: qsTr("Back"); icon: BrandImage.back; onClicked: root.selectedOption = "none" }
                 GrayButton { title: qsTr("To left"); icon: BrandImage.rotate; onClicked: root.viewModel.rotateBy(-90) }
                 GrayButton { title: qsTr("To right"); icon: BrandImage.rotate; iconMirrored: true; onClicked: root.viewModel.rotateBy(90) }
                 GrayButton { title: qsTr("90°"); onClicked: root.viewModel.rotateTo(90) }
                 GrayButton { title: qsTr("180°"); onClicked: root.viewModel.rotateTo(180) }
                 GrayButton { title: qsTr("270°"); onClicked: root.viewModel.rotateTo(270) }
             }
-            Row {
+            Flow {
+                width: rows.width - 24
                 spacing: 8
                 visible: root.selectedOption === "scale"
+                GrayButton { objectName: "scaleBack"; title: qsTr("Back"); icon: BrandImage.back; onClicked: root.selectedOption = "none" }
                 GrayButton { title: qsTr("Scale down"); icon: BrandImage.scaleDown; onClicked: root.viewModel.scaleDown() }
                 GrayButton { title: qsTr("Scale up"); icon: BrandImage.scaleUp; onClicked: root.viewModel.scaleUp() }
                 GrayButton { title: qsTr("0.25x"); onClicked: root.viewModel.scaleTo(0.25) }
@@ -49,7 +57,9 @@ Item {
                 GrayButton { title: qsTr("2x"); onClicked: root.viewModel.scaleTo(2.0) }
                 GrayButton { title: qsTr("4x"); onClicked: root.viewModel.scaleTo(4.0) }
             }
-            Row {
+            // The nine places laid out as they lie in the frame.
+            Grid {
+                columns: 3
                 spacing: 8
                 visible: root.selectedOption === "alignment"
                 GrayButton { title: qsTr("Top leading"); onClicked: root.viewModel.alignTo("topLeading") }
@@ -61,6 +71,7 @@ Item {
                 GrayButton { title: qsTr("Bottom leading"); onClicked: root.viewModel.alignTo("bottomLeading") }
                 GrayButton { title: qsTr("Bottom"); onClicked: root.viewModel.alignTo("bottom") }
                 GrayButton { title: qsTr("Bottom trailing"); onClicked: root.viewModel.alignTo("bottomTrailing") }
+                GrayButton { objectName: "alignmentBack"; title: qsTr("Back"); icon: BrandImage.back; onClicked: root.selectedOption = "none" }
             }
         }
     }

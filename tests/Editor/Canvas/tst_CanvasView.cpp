@@ -119,8 +119,8 @@ private slots:
             .press(1, centre + QPoint(20, 0));
         for (int step = 1; step <= 10; ++step) {
             QTest::touchEvent(&screen.view(), m_touch)
-                .move(0, centre - QPoint(20 + 4 * step, 0))
-                .move(1, centre + QPoint(20 + 4 * step, 0));
+                .move(0, centre - QPoint(20 + 8 * step, 0))
+                .move(1, centre + QPoint(20 + 8 * step, 0));
         }
         QTest::touchEvent(&screen.view(), m_touch)
             .release(0, centre - QPoint(60, 0))
@@ -149,6 +149,46 @@ private slots:
         // Far from both, the photo is untouched.
         QCOMPARE(saved.copy(0, 800, 1200, 100).convertToFormat(QImage::Format_RGB32),
                  original.copy(0, 800, 1200, 100).convertToFormat(QImage::Format_RGB32));
+    }
+
+    void transformToolbar_actsOnTheTappedItem()
+    {
+        EditorScreen screen(QuorvaneSdkImageEditorPreset(QUrl::fromLocalFile(m_photo)));
+        screen.tap("drawTab");
+        QVERIFY(screen.waitForToolPage());
+        CanvasViewModel* canvas = editor(screen)->canvas();
+        QTRY_VERIFY(canvas->isCropperSetup());
+        screen.drag(screen.find("drawingSurface"), QPointF(40, 40), QPointF(140, 120));
+        const LineImagePtr stroke = canvas->lineImages().first();
+        screen.tap("moveButton");
+        QVERIFY(!screen.isShown("Rotation"));
+
+        QQuickItem* item = itemShowing(screen.view().rootObject(), canvas->lineImageViewModels().first());
+        screen.tap(item);
+        QCOMPARE(canvas->selectedLineImage(), stroke);
+        QTRY_VERIFY(screen.isShown("Rotation"));
+
+        screen.tap("Rotation");
+        screen.tap("To left");
+        screen.tap("To left");
+        QCOMPARE(stroke->rotationAngle().degrees(), -180.0);
+        screen.tap("270°");
+        QCOMPARE(stroke->rotationAngle().degrees(), 270.0);
+        screen.tap("rotationBack");
+        screen.tap("Scale");
+        screen.tap("Scale up");
+        screen.tap("1.25x");
+        QCOMPARE(stroke->magnification(), 1.25);
+        screen.tap("scaleBack");
+        screen.tap("Alignment");
+        screen.tap("Bottom trailing");
+        const QSizeF frame = canvas->imageFrameSize();
+        const QSizeF size = stroke->image().deviceIndependentSize();
+        QCOMPARE(stroke->offset(), QSizeF(frame.width() - size.width(), frame.height() - size.height()));
+        screen.tap("alignmentBack");
+        screen.tap("Delete");
+        QVERIFY(canvas->lineImages().isEmpty());
+        QCOMPARE(canvas->previousStateCount(), 2);
     }
 
     void cancel_discardsTheDrawing()
