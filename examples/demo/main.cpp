@@ -10,6 +10,7 @@
 #include <QQuickWindow>
 #include <QTimer>
 #include <QtQml/QQmlExtensionPlugin>
+#include <cmath>
 #include <cstdio>
 
 Q_IMPORT_QML_PLUGIN(Quorvane_SdkImagePlugin)
@@ -93,6 +94,18 @@ int main(int argc, char* argv[])
         if (ImageEditorViewModel* editor = session ? session->editor() : nullptr) {
             editor->navigate(options.page);
             QTimer::singleShot(300, editor, [editor] {
+                if (CanvasViewModel* canvas = editor->canvas()) {
+                    const QSizeF frame = canvas->imageFrameSize();
+                    for (int step = 0; step <= 40; ++step)
+                        canvas->handleNewPoint(QPointF(40 + step * 6, 60 + 30 * std::sin(step / 5.0)), frame);
+                    canvas->addFinalPoint(QPointF(280, 70), frame);
+                    TextImageViewModel text;
+                    text.setText(QStringLiteral("Dragonfly"));
+                    text.setBold(true);
+                    text.setTextSize(32);
+                    text.setSelectedColor(QColor(0xFF, 0xCC, 0x00));
+                    canvas->confirmText(&text);
+                }
                 if (CropperViewModel* cropper = editor->cropper()) {
                     for (int step = 1; step <= 8; ++step)
                         cropper->handleDragging(QPointF(4 * step, 4 * step));
