@@ -27,15 +27,6 @@ private:
                                             QUrl::fromLocalFile(m_output), std::nullopt);
     }
 
-    static ImageEditorViewModel* editor(EditorScreen& screen)
-    {
-        return screen.view()
-            .rootObject()
-            ->property("viewModel")
-            .value<QuorvaneSdkImageEditorViewModel*>()
-            ->editor();
-    }
-
     static void openCrop(EditorScreen& screen)
     {
         screen.tap("cropTab");
@@ -84,7 +75,7 @@ private slots:
 
         screen.tap("filtersTab");
         screen.tap("adjustTab");
-        QCOMPARE(editor(screen)->pageName(), QStringLiteral("base"));
+        QCOMPARE(screen.editor()->pageName(), QStringLiteral("base"));
     }
 
     void wholeSession_cropTurnFlip_deliversTheFullResolutionPicture()
@@ -92,7 +83,7 @@ private slots:
         EditorScreen screen(preset());
         openCrop(screen);
         const QQuickItem* frame = screen.find("cropFrame");
-        CropperViewModel* cropper = editor(screen)->cropper();
+        CropperViewModel* cropper = screen.editor()->cropper();
         QVERIFY(!screen.isShown("cropUndoButton"));
         QCOMPARE(screen.find("cropButton")->property("isDisabled").toBool(), true);
 
@@ -107,7 +98,7 @@ private slots:
         QVERIFY(expected->height() < 1200 && expected->height() > 800);
 
         screen.tap("cropButton");
-        QTRY_COMPARE(editor(screen)->pageName(), QStringLiteral("base"));
+        QTRY_COMPARE(screen.editor()->pageName(), QStringLiteral("base"));
         QVERIFY(screen.isShown("undoButton"));
         QVERIFY(screen.isShown("continueButton"));
         screen.tap("continueButton");
@@ -129,13 +120,13 @@ private slots:
         screen.tap("rotateLeftButton");
         screen.tap("cropButton");
         QTRY_VERIFY(screen.isShown("continueButton"));
-        QCOMPARE(editor(screen)->image().size(), QSize(900, 1200));
+        QCOMPARE(screen.editor()->image().size(), QSize(900, 1200));
 
         screen.tap("undoButton");
 
         QVERIFY(!screen.isShown("undoButton"));
         QVERIFY(!screen.isShown("continueButton"));
-        QCOMPARE(editor(screen)->image().size(), QSize(1200, 900));
+        QCOMPARE(screen.editor()->image().size(), QSize(1200, 900));
     }
 
     void cancelAndClose_returnNothing()
@@ -144,8 +135,8 @@ private slots:
         openCrop(screen);
         screen.tap("flipVerticallyButton");
         screen.tap("cancelButton");
-        QTRY_COMPARE(editor(screen)->pageName(), QStringLiteral("base"));
-        QVERIFY(!editor(screen)->hasPreviousImageVersions());
+        QTRY_COMPARE(screen.editor()->pageName(), QStringLiteral("base"));
+        QVERIFY(!screen.editor()->hasPreviousImageVersions());
 
         screen.tap("closeButton");
         QCOMPARE(screen.completionCount(), 1);
@@ -158,10 +149,10 @@ private slots:
         EditorScreen screen(preset());
         screen.tap("drawTab");
         QVERIFY(screen.waitForToolPage());
-        QCOMPARE(editor(screen)->pageName(), QStringLiteral("canvas"));
+        QCOMPARE(screen.editor()->pageName(), QStringLiteral("canvas"));
         screen.tap("canvasCancelButton");
-        QTRY_COMPARE(editor(screen)->pageName(), QStringLiteral("base"));
-        QVERIFY(!editor(screen)->hasPreviousImageVersions());
+        QTRY_COMPARE(screen.editor()->pageName(), QStringLiteral("base"));
+        QVERIFY(!screen.editor()->hasPreviousImageVersions());
     }
 
     void keyboard_undoesAndLeavesThePageShown()
@@ -170,13 +161,13 @@ private slots:
         openCrop(screen);
         screen.tap("rotateRightButton");
         screen.key(Qt::Key_Z, Qt::ControlModifier);
-        QCOMPARE(editor(screen)->cropper()->rotationDegrees(), 0.0);
+        QCOMPARE(screen.editor()->cropper()->rotationDegrees(), 0.0);
         screen.key(Qt::Key_Escape);
-        QTRY_COMPARE(editor(screen)->pageName(), QStringLiteral("base"));
+        QTRY_COMPARE(screen.editor()->pageName(), QStringLiteral("base"));
 
-        editor(screen)->addNewImageVerion(TestImages::quadrants(QSize(10, 10)));
+        screen.editor()->addNewImageVerion(TestImages::quadrants(QSize(10, 10)));
         screen.key(Qt::Key_Z, Qt::ControlModifier);
-        QCOMPARE(editor(screen)->image().size(), QSize(1200, 900));
+        QCOMPARE(screen.editor()->image().size(), QSize(1200, 900));
         // On the base page Escape does not throw the session away.
         screen.key(Qt::Key_Escape);
         QCOMPARE(screen.completionCount(), 0);

@@ -1,5 +1,7 @@
 #include "EditorScreen.h"
 
+#include "Editor/QuorvaneSdkImageEditorViewModel.h"
+
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QTest>
@@ -21,6 +23,13 @@ EditorScreen::EditorScreen(const QuorvaneSdkImageEditorPreset& preset, QSize siz
     m_completions = std::make_unique<QSignalSpy>(
         root, meta->method(meta->indexOfSignal(
                   QMetaObject::normalizedSignature("completion(QuorvaneSdkImageEditorResult)").constData())));
+}
+
+ImageEditorViewModel* EditorScreen::editor() const
+{
+    const auto* session =
+        m_view.rootObject()->property("viewModel").value<QuorvaneSdkImageEditorViewModel*>();
+    return session ? session->editor() : nullptr;
 }
 
 QQuickItem* EditorScreen::find(const char* objectName) const

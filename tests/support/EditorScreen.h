@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Editor/ImageEditorViewModel.h"
 #include "Editor/QuorvaneSdkImageEditorPreset.h"
 #include "Editor/QuorvaneSdkImageEditorResult.h"
 
@@ -16,6 +17,8 @@ public:
     explicit EditorScreen(const QuorvaneSdkImageEditorPreset& preset, QSize size = QSize(390, 844));
 
     QQuickView& view() { return m_view; }
+    /// The editor of the screen's session (null on the error screen).
+    ImageEditorViewModel* editor() const;
     QQuickItem* find(const char* objectName) const;
     QString text(const char* objectName) const;
     /// Whether the item exists and a person could see it (itself and every ancestor visible and opaque).

@@ -25,15 +25,9 @@ bool frameContains(QSizeF frame, QPointF point)
 // A stroke's picture: the path through \a points, stroked once, on a transparent image of \a size points.
 QImage strokeImage(QSizeF size, const QList<QPointF>& points, const QColor& color, qreal width)
 {
-    const qreal scale = ImageHelpers::screenScale();
-    const QSize pixels(int(std::ceil(size.width() * scale)), int(std::ceil(size.height() * scale)));
-    if (pixels.isEmpty())
-        return {};
-    QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
+    QImage image = ImageHelpers::transparentCanvas(size);
     if (image.isNull())
-        return {};
-    image.setDevicePixelRatio(scale);
-    image.fill(Qt::transparent);
+        return image;
     QPainterPath path(points.first());
     for (qsizetype i = 1; i < points.size(); ++i)
         path.lineTo(points[i]);

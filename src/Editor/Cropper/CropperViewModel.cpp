@@ -1,6 +1,7 @@
 #include "CropperViewModel.h"
 
 #include "Editor/Common/BrandColor.h"
+#include "Editor/Helpers/Notify.h"
 #include "Error/QuorvaneSdkImageError.h"
 
 #include <QPointer>
@@ -11,15 +12,6 @@ namespace {
 qreal aspectRatio(QSizeF size)
 {
     return size.width() / size.height();
-}
-
-template <typename T, typename Signal>
-void assign(CropperViewModel* model, T& field, const T& value, Signal changed)
-{
-    if (field == value)
-        return;
-    field = value;
-    emit(model->*changed)();
 }
 
 qint64 truncatedPoints(double value)
@@ -61,7 +53,7 @@ void CropperViewModel::setupCropperLayout(QSizeF availableSize)
     m_availableScreenSize = availableSize;
     // A layout while turned a quarter keeps the turned frame; the bands follow the new frame.
     setImageFrameSize(m_rotationAngle.isPortrait() ? m_portraitSize : m_landscapeSize);
-    assign(this, m_isCropperSetup, true, &CropperViewModel::isCropperSetupChanged);
+    assignAndNotify(this, m_isCropperSetup, true, &CropperViewModel::isCropperSetupChanged);
 }
 
 CropperViewModel::CropEdge CropperViewModel::getCropEdge(QPointF p) const
@@ -198,14 +190,14 @@ std::optional<QImage> CropperViewModel::cropImage()
         truncatedPoints((m_trailingCropFactor - m_leadingCropFactor) * size.width()),
         truncatedPoints((m_bottomCropFactor - m_topCropFactor) * size.height()), m_rotationAngle,
         m_flipHorizontally, m_flipVertically);
-    assign(this, m_isCroppingInProgress, true, &CropperViewModel::isCroppingInProgressChanged);
+    assignAndNotify(this, m_isCroppingInProgress, true, &CropperViewModel::isCroppingInProgressChanged);
     std::optional<QImage> result;
     try {
         result = m_cropper->crop(input);
     } catch (const QuorvaneSdkImageError&) {
         // The service has logged it; the page hands back nothing.
     }
-    assign(this, m_isCroppingInProgress, false, &CropperViewModel::isCroppingInProgressChanged);
+    assignAndNotify(this, m_isCroppingInProgress, false, &CropperViewModel::isCroppingInProgressChanged);
     return result;
 }
 
@@ -315,34 +307,34 @@ void CropperViewModel::finishCropping()
 void CropperViewModel::setTopCropFactor(qreal factor)
 {
     m_topCropFactor = factor;
-    assign(this, m_topCropHeight, m_imageFrameSize.height() * factor,
-           &CropperViewModel::topCropHeightChanged);
+    assignAndNotify(this, m_topCropHeight, m_imageFrameSize.height() * factor,
+                    &CropperViewModel::topCropHeightChanged);
 }
 
 void CropperViewModel::setBottomCropFactor(qreal factor)
 {
     m_bottomCropFactor = factor;
-    assign(this, m_bottomCropHeight, m_imageFrameSize.height() * (1 - factor),
-           &CropperViewModel::bottomCropHeightChanged);
+    assignAndNotify(this, m_bottomCropHeight, m_imageFrameSize.height() * (1 - factor),
+                    &CropperViewModel::bottomCropHeightChanged);
 }
 
 void CropperViewModel::setLeadingCropFactor(qreal factor)
 {
     m_leadingCropFactor = factor;
-    assign(this, m_leadingCropWidth, m_imageFrameSize.width() * factor,
-           &CropperViewModel::leadingCropWidthChanged);
+    assignAndNotify(this, m_leadingCropWidth, m_imageFrameSize.width() * factor,
+                    &CropperViewModel::leadingCropWidthChanged);
 }
 
 void CropperViewModel::setTrailingCropFactor(qreal factor)
 {
     m_trailingCropFactor = factor;
-    assign(this, m_trailingCropWidth, m_imageFrameSize.width() * (1 - factor),
-           &CropperViewModel::trailingCropWidthChanged);
+    assignAndNotify(this, m_trailingCropWidth, m_imageFrameSize.width() * (1 - factor),
+                    &CropperViewModel::trailingCropWidthChanged);
 }
 
 void CropperViewModel::setImageFrameSize(QSizeF size)
 {
-    assign(this, m_imageFrameSize, size, &CropperViewModel::imageFrameSizeChanged);
+    assignAndNotify(this, m_imageFrameSize, size, &CropperViewModel::imageFrameSizeChanged);
     recomputeBands();
 }
 
@@ -356,7 +348,7 @@ void CropperViewModel::recomputeBands()
 
 void CropperViewModel::setRotationAngle(Angle angle)
 {
-    assign(this, m_rotationAngle, angle, &CropperViewModel::rotationAngleChanged);
+    assignAndNotify(this, m_rotationAngle, angle, &CropperViewModel::rotationAngleChanged);
     // The rectangle keeps its place on the image, not on the screen: same factors, turned frame.
     setImageFrameSize(angle.isPortrait() ? m_portraitSize : m_landscapeSize);
     setFlips(m_flipHorizontally, m_flipVertically);
@@ -364,21 +356,23 @@ void CropperViewModel::setRotationAngle(Angle angle)
 
 void CropperViewModel::setFlips(bool horizontally, bool vertically)
 {
-    assign(this, m_flipHorizontally, horizontally, &CropperViewModel::flipHorizontallyChanged);
-    assign(this, m_flipVertically, vertically, &CropperViewModel::flipVerticallyChanged);
+    assignAndNotify(this, m_flipHorizontally, horizontally, &CropperViewModel::flipHorizontallyChanged);
+    assignAndNotify(this, m_flipVertically, vertically, &CropperViewModel::flipVerticallyChanged);
     // Each button shows whether the picture is mirrored along its own screen axis.
     const bool portrait = m_rotationAngle.isPortrait();
     const bool mirroredLeftRight = portrait ? horizontally : vertically;
     const bool mirroredTopBottom = portrait ? vertically : horizontally;
-    assign(this, m_flipHorizontallyButtonColor, mirroredLeftRight ? BrandColor::ambar() : BrandColor::gray(),
-           &CropperViewModel::flipHorizontallyButtonColorChanged);
-    assign(this, m_flipVericallyButtonColor, mirroredTopBottom ? BrandColor::ambar() : BrandColor::gray(),
-           &CropperViewModel::flipVericallyButtonColorChanged);
+    assignAndNotify(this, m_flipHorizontallyButtonColor,
+                    mirroredLeftRight ? BrandColor::ambar() : BrandColor::gray(),
+                    &CropperViewModel::flipHorizontallyButtonColorChanged);
+    assignAndNotify(this, m_flipVericallyButtonColor,
+                    mirroredTopBottom ? BrandColor::ambar() : BrandColor::gray(),
+                    &CropperViewModel::flipVericallyButtonColorChanged);
 }
 
 void CropperViewModel::setCropBorderColor(const QColor& color)
 {
-    assign(this, m_cropBorderColor, color, &CropperViewModel::cropBorderColorChanged);
+    assignAndNotify(this, m_cropBorderColor, color, &CropperViewModel::cropBorderColorChanged);
 }
 
 void CropperViewModel::track(std::function<void(CropperViewModel&)> undo)

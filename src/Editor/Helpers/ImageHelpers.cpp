@@ -75,4 +75,18 @@ std::optional<QImage> resized(const QImage& image, QSizeF size)
     return result;
 }
 
+QImage transparentCanvas(QSizeF points)
+{
+    const qreal scale = screenScale();
+    const auto pixels = pixelSizeFor(points, scale);
+    if (!pixels)
+        return {};
+    QImage canvas(*pixels, QImage::Format_ARGB32_Premultiplied);
+    if (canvas.isNull())
+        return {};
+    canvas.setDevicePixelRatio(scale);
+    canvas.fill(Qt::transparent);
+    return canvas;
+}
+
 } // namespace ImageHelpers

@@ -19,4 +19,7 @@ std::optional<QImage> redrawnAtScreenScale(const QImage& image);
 /// the size is not a positive finite size or the result cannot be allocated.
 std::optional<QImage> resized(const QImage& image, QSizeF size);
 
+/// A transparent, non-opaque image of \a points at the screen's scale; null for an empty or absurd size.
+QImage transparentCanvas(QSizeF points);
+
 } // namespace ImageHelpers

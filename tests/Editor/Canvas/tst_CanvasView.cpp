@@ -40,15 +40,6 @@ private:
     QString m_output;
     QPointingDevice* m_touch = nullptr;
 
-    static ImageEditorViewModel* editor(EditorScreen& screen)
-    {
-        return screen.view()
-            .rootObject()
-            ->property("viewModel")
-            .value<QuorvaneSdkImageEditorViewModel*>()
-            ->editor();
-    }
-
     // Repeated items belong to their visual parent only, so they are found by walking the item tree.
     static QQuickItem* itemShowing(const QQuickItem* root, QObject* model)
     {
@@ -79,7 +70,7 @@ private slots:
                                                          QUrl::fromLocalFile(m_output), std::nullopt));
         screen.tap("drawTab");
         QVERIFY(screen.waitForToolPage());
-        CanvasViewModel* canvas = editor(screen)->canvas();
+        CanvasViewModel* canvas = screen.editor()->canvas();
         QVERIFY(canvas);
         QTRY_VERIFY(canvas->isCropperSetup());
         QVERIFY(!screen.isShown("moveButton"));
@@ -132,7 +123,7 @@ private slots:
         const QPointF textCentre = text->getCenterPoint() * toImage;
 
         screen.tap("acceptButton");
-        QTRY_COMPARE(editor(screen)->pageName(), QStringLiteral("base"));
+        QTRY_COMPARE(screen.editor()->pageName(), QStringLiteral("base"));
         screen.tap("continueButton");
         QCOMPARE(screen.completionCount(), 1);
 
@@ -156,7 +147,7 @@ private slots:
         EditorScreen screen(QuorvaneSdkImageEditorPreset(QUrl::fromLocalFile(m_photo)));
         screen.tap("drawTab");
         QVERIFY(screen.waitForToolPage());
-        CanvasViewModel* canvas = editor(screen)->canvas();
+        CanvasViewModel* canvas = screen.editor()->canvas();
         QTRY_VERIFY(canvas->isCropperSetup());
         screen.drag(screen.find("drawingSurface"), QPointF(40, 40), QPointF(140, 120));
         const LineImagePtr stroke = canvas->lineImages().first();
@@ -196,12 +187,12 @@ private slots:
         EditorScreen screen(QuorvaneSdkImageEditorPreset(QUrl::fromLocalFile(m_photo)));
         screen.tap("drawTab");
         QVERIFY(screen.waitForToolPage());
-        CanvasViewModel* canvas = editor(screen)->canvas();
+        CanvasViewModel* canvas = screen.editor()->canvas();
         QTRY_VERIFY(canvas->isCropperSetup());
         screen.drag(screen.find("drawingSurface"), QPointF(40, 40), QPointF(120, 100));
         screen.tap("canvasCancelButton");
-        QTRY_COMPARE(editor(screen)->pageName(), QStringLiteral("base"));
-        QVERIFY(!editor(screen)->hasPreviousImageVersions());
+        QTRY_COMPARE(screen.editor()->pageName(), QStringLiteral("base"));
+        QVERIFY(!screen.editor()->hasPreviousImageVersions());
     }
 };
 

@@ -1,6 +1,7 @@
 #include "TextImageViewModel.h"
 
 #include "Editor/Helpers/ImageHelpers.h"
+#include "Editor/Helpers/Notify.h"
 
 #include <QFontMetricsF>
 #include <QGuiApplication>
@@ -11,15 +12,6 @@ namespace {
 
 constexpr int kTextFlags = Qt::AlignHCenter | Qt::AlignVCenter | Qt::TextWordWrap;
 
-template <typename T, typename Signal>
-void assign(TextImageViewModel* model, T& field, const T& value, Signal changed)
-{
-    if (field == value)
-        return;
-    field = value;
-    emit(model->*changed)();
-}
-
 QSizeF fittedSize(const QFont& font, const QString& text)
 {
     // Unlimited lines: only the text's own line breaks wrap it.
@@ -27,51 +19,37 @@ QSizeF fittedSize(const QFont& font, const QString& text)
     return {std::ceil(bounds.width()), std::ceil(bounds.height())};
 }
 
-QImage canvasOf(QSizeF points)
-{
-    const qreal scale = ImageHelpers::screenScale();
-    const QSize pixels(int(std::ceil(points.width() * scale)), int(std::ceil(points.height() * scale)));
-    if (pixels.isEmpty())
-        return {};
-    QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
-    if (image.isNull())
-        return {};
-    image.setDevicePixelRatio(scale);
-    image.fill(Qt::transparent);
-    return image;
-}
-
 } // namespace
 
 void TextImageViewModel::setText(const QString& text)
 {
-    assign(this, m_text, text, &TextImageViewModel::textChanged);
+    assignAndNotify(this, m_text, text, &TextImageViewModel::textChanged);
 }
 
 void TextImageViewModel::setUppercase(bool uppercase)
 {
-    assign(this, m_isUppercase, uppercase, &TextImageViewModel::isUppercaseChanged);
+    assignAndNotify(this, m_isUppercase, uppercase, &TextImageViewModel::isUppercaseChanged);
 }
 
 void TextImageViewModel::setBold(bool bold)
 {
-    assign(this, m_isBold, bold, &TextImageViewModel::isBoldChanged);
+    assignAndNotify(this, m_isBold, bold, &TextImageViewModel::isBoldChanged);
 }
 
 void TextImageViewModel::setItalic(bool italic)
 {
-    assign(this, m_isItalic, italic, &TextImageViewModel::isItalicChanged);
+    assignAndNotify(this, m_isItalic, italic, &TextImageViewModel::isItalicChanged);
 }
 
 void TextImageViewModel::setTextSize(qreal size)
 {
-    assign(this, m_textSize, std::clamp(size, minimumTextSize(), maximumTextSize()),
-           &TextImageViewModel::textSizeChanged);
+    assignAndNotify(this, m_textSize, std::clamp(size, minimumTextSize(), maximumTextSize()),
+                    &TextImageViewModel::textSizeChanged);
 }
 
 void TextImageViewModel::setSelectedColor(const QColor& color)
 {
-    assign(this, m_selectedColor, color, &TextImageViewModel::selectedColorChanged);
+    assignAndNotify(this, m_selectedColor, color, &TextImageViewModel::selectedColorChanged);
 }
 
 QFont TextImageViewModel::font(bool withTraits) const
@@ -96,7 +74,7 @@ QImage TextImageViewModel::textToImage() const
     const QFont styled = font(true);
     const QString shown = displayedText();
     const QSizeF size = fittedSize(styled, shown);
-    QImage image = canvasOf(size);
+    QImage image = ImageHelpers::transparentCanvas(size);
     if (image.isNull())
         return image;
     QPainter painter(&image);
@@ -114,7 +92,7 @@ QSizeF TextImageViewModel::getTextImageSize() const
 
 QImage TextImageViewModel::convertTextToImage(QSizeF initialSize, const QColor& backgroundColor) const
 {
-    QImage image = canvasOf(initialSize);
+    QImage image = ImageHelpers::transparentCanvas(initialSize);
     if (image.isNull())
         return image;
     image.fill(backgroundColor);
