@@ -281,7 +281,7 @@ std::optional<QImage> CanvasViewModel::mergeDrawings()
     if (m_lineImages.isEmpty())
         return std::nullopt;
     // At the base image's own resolution: a 12-megapixel photo keeps all its pixels.
-    QImage canvas = m_image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    QImage canvas = ImageHelpers::premultipliedCopy(m_image);
     if (canvas.isNull())
         return std::nullopt;
     const QSizeF base = m_image.deviceIndependentSize();

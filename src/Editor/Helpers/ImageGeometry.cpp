@@ -108,7 +108,7 @@ std::optional<QImage> cutTurnedAndMirrored(const QImage& image, const QRect& pix
     const int w = pixels.width();
     const int h = pixels.height();
     const bool sideways = turns % 2 == 1;
-    QImage result(sideways ? QSize(h, w) : QSize(w, h), format);
+    QImage result = newImage(sideways ? QSize(h, w) : QSize(w, h), format);
     if (result.isNull())
         return std::nullopt;
     result.setDevicePixelRatio(image.devicePixelRatio());
@@ -150,9 +150,11 @@ std::optional<QImage> cutTurnedAndMirrored(const QImage& image, const QRect& pix
     const qsizetype step = qsizetype(du.x()) + qsizetype(du.y()) * sourceStride;
     const qsizetype rowStep = qsizetype(dv.x()) + qsizetype(dv.y()) * sourceStride;
     const quint32* rowStart = source + origin.x() + qsizetype(origin.y()) * sourceStride;
+    auto* target = reinterpret_cast<quint32*>(result.bits());
+    const qsizetype targetStride = result.bytesPerLine() / 4;
     if (!sideways) {
         for (int v = 0; v < outH; ++v, rowStart += rowStep) {
-            auto* out = reinterpret_cast<quint32*>(result.scanLine(v));
+            quint32* out = target + qsizetype(v) * targetStride;
             if (step == 1) {
                 std::memcpy(out, rowStart, size_t(outW) * 4);
             } else {
@@ -169,7 +171,7 @@ std::optional<QImage> cutTurnedAndMirrored(const QImage& image, const QRect& pix
         for (int tileU = 0; tileU < outW; tileU += kTile) {
             const int endU = std::min(outW, tileU + kTile);
             for (int v = tileV; v < endV; ++v) {
-                auto* out = reinterpret_cast<quint32*>(result.scanLine(v));
+                quint32* out = target + qsizetype(v) * targetStride;
                 const quint32* in = rowStart + qsizetype(v) * rowStep + qsizetype(tileU) * step;
                 for (int u = tileU; u < endU; ++u, in += step)
                     out[u] = *in;

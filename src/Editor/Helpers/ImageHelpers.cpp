@@ -1,9 +1,15 @@
 #include "ImageHelpers.h"
 
+#include <QColorSpace>
 #include <QGuiApplication>
 #include <QPainter>
 #include <QScreen>
 #include <cmath>
+#include <cstdlib>
+#include <cstring>
+#ifdef __linux__
+#include <sys/mman.h>
+#endif
 
 namespace ImageHelpers {
 namespace {
@@ -21,7 +27,54 @@ std::optional<QSize> pixelSizeFor(QSizeF points, qreal scale)
     return QSize(static_cast<int>(width), static_cast<int>(height));
 }
 
+constexpr qsizetype kHugePage = 2 * 1024 * 1024;
+
 } // namespace
+
+QImage newImage(QSize size, QImage::Format format)
+{
+#ifdef __linux__
+    const int depth = QImage::toPixelFormat(format).bitsPerPixel();
+    if (size.isEmpty() || depth <= 0 || qreal(size.width()) * size.height() > kMaxPixels)
+        return QImage(size, format);
+    const qsizetype bytesPerLine = ((qsizetype(size.width()) * depth + 31) / 32) * 4;
+    const qsizetype bytes = bytesPerLine * size.height();
+    if (bytes < 2 * kHugePage)
+        return QImage(size, format);
+    const auto rounded = size_t((bytes + kHugePage - 1) / kHugePage * kHugePage);
+    void* data = std::aligned_alloc(size_t(kHugePage), rounded);
+    if (!data)
+        return QImage(size, format);
+    // Only a hint: without transparent huge pages the buffer is an ordinary one.
+    madvise(data, rounded, MADV_HUGEPAGE);
+    return QImage(
+        static_cast<uchar*>(data), size.width(), size.height(), bytesPerLine, format,
+        [](void* buffer) { std::free(buffer); }, data);
+#else
+    return QImage(size, format);
+#endif
+}
+
+QImage premultipliedCopy(const QImage& image)
+{
+    const QImage::Format format = image.format();
+    if (format != QImage::Format_RGB32 && format != QImage::Format_ARGB32_Premultiplied) {
+        QImage converted = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+        // A conversion to the same format shares the pixels: drawing on it would copy them anyway.
+        converted.detach();
+        return converted;
+    }
+    // Opaque 32-bit pixels are already premultiplied: a row copy is the conversion.
+    QImage copy = newImage(image.size(), QImage::Format_ARGB32_Premultiplied);
+    if (copy.isNull())
+        return copy;
+    const auto rowBytes = size_t(image.width()) * 4;
+    for (int y = 0; y < image.height(); ++y)
+        std::memcpy(copy.scanLine(y), image.constScanLine(y), rowBytes);
+    copy.setDevicePixelRatio(image.devicePixelRatio());
+    copy.setColorSpace(image.colorSpace());
+    return copy;
+}
 
 qreal screenScale()
 {
@@ -43,7 +96,7 @@ std::optional<QImage> redrawnAtScreenScale(const QImage& image)
     // keeps the photo's own pixels and scale instead, and never invents detail.
     if (!pixels || pixels->width() > image.width() || pixels->height() > image.height() ||
         *pixels == image.size()) {
-        QImage copy = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+        QImage copy = premultipliedCopy(image);
         if (copy.isNull())
             return std::nullopt;
         return copy;

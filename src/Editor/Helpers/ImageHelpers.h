@@ -19,6 +19,15 @@ std::optional<QImage> redrawnAtScreenScale(const QImage& image);
 /// the size is not a positive finite size or the result cannot be allocated.
 std::optional<QImage> resized(const QImage& image, QSizeF size);
 
+/// A new, uninitialised image of \a size pixels. Photo-sized buffers are laid on huge pages where the system
+/// offers them: a fresh 48 MB image otherwise costs more in page faults than the work done on it. Null when
+/// it cannot be allocated.
+QImage newImage(QSize size, QImage::Format format);
+
+/// A copy of \a image in Format_ARGB32_Premultiplied that owns its pixels, ready to be drawn on; null when it
+/// cannot be allocated.
+QImage premultipliedCopy(const QImage& image);
+
 /// A transparent, non-opaque image of \a points at the screen's scale; null for an empty or absurd size.
 QImage transparentCanvas(QSizeF points);
 

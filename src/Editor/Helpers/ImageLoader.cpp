@@ -1,5 +1,7 @@
 #include "ImageLoader.h"
 
+#include "ImageHelpers.h"
+
 #include <QBuffer>
 #include <QFile>
 #include <QFileInfo>
@@ -137,7 +139,11 @@ ImageLoadResult loadImageFile(const QString& path, qint64 maxPixels)
     if (reader.format() == "jpeg" && !jpegStreamIsComplete(bytes))
         return {std::nullopt, sentence(path, QStringLiteral("is a truncated or damaged JPEG file."))};
 
+    // Decoders fill an image of the right size and format that they are handed, so a photo lands straight in
+    // a buffer that is cheap to fault in.
     QImage image;
+    if (declared.isValid() && format > int(QImage::Format_Invalid) && format < int(QImage::NImageFormats))
+        image = ImageHelpers::newImage(declared, QImage::Format(format));
     if (!reader.read(&image) || image.isNull()) {
         return {std::nullopt,
                 sentence(path, QStringLiteral("could not be decoded: %1.").arg(reader.errorString()))};

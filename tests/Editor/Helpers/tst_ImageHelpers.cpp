@@ -78,6 +78,51 @@ private slots:
         QVERIFY(quartersMatch(*copy, source, 2));
     }
 
+    void premultipliedCopy_keepsEveryPixelAndOwnsThem_data()
+    {
+        QTest::addColumn<QImage::Format>("format");
+        QTest::addColumn<QSize>("size");
+        QTest::newRow("opaque, small") << QImage::Format_RGB32 << QSize(40, 20);
+        // Large enough for a buffer of its own kind.
+        QTest::newRow("opaque, photo sized") << QImage::Format_RGB32 << QSize(2000, 1500);
+        QTest::newRow("premultiplied, photo sized")
+            << QImage::Format_ARGB32_Premultiplied << QSize(2000, 1500);
+        QTest::newRow("straight alpha") << QImage::Format_ARGB32 << QSize(300, 200);
+        QTest::newRow("24-bit") << QImage::Format_RGB888 << QSize(2000, 1500);
+    }
+
+    void premultipliedCopy_keepsEveryPixelAndOwnsThem()
+    {
+        QFETCH(QImage::Format, format);
+        QFETCH(QSize, size);
+        QImage source = quadrants(size).convertToFormat(format);
+        source.setDevicePixelRatio(2.0);
+        const QImage before = source.copy();
+
+        QImage copy = ImageHelpers::premultipliedCopy(source);
+
+        QCOMPARE(copy.format(), QImage::Format_ARGB32_Premultiplied);
+        QCOMPARE(copy.size(), size);
+        QCOMPARE(copy.devicePixelRatio(), 2.0);
+        QCOMPARE(copy.convertToFormat(QImage::Format_RGB32), before.convertToFormat(QImage::Format_RGB32));
+        // Drawing on the copy leaves the source alone.
+        copy.fill(Qt::transparent);
+        QCOMPARE(source, before);
+    }
+
+    void newImage_isWritableAndSurvivesCopies()
+    {
+        QImage image = ImageHelpers::newImage(QSize(3000, 2000), QImage::Format_ARGB32_Premultiplied);
+        QVERIFY(!image.isNull());
+        QCOMPARE(image.bytesPerLine(), 3000 * 4);
+        image.fill(Qt::red);
+        const QImage shared = image;
+        image.setPixel(10, 10, qRgb(0, 0, 255));
+        QCOMPARE(shared.pixel(10, 10), qRgb(255, 0, 0));
+        QCOMPARE(image.pixel(10, 10), qRgb(0, 0, 255));
+        QCOMPARE(image.pixel(2999, 1999), qRgb(255, 0, 0));
+    }
+
     void redrawnAtScreenScale_ofNullImage_isEmpty()
     {
         QVERIFY(!ImageHelpers::redrawnAtScreenScale(QImage()));
