@@ -1,5 +1,5 @@
 // The demo host: opens the editor full screen on a photo and shows what came back.
-//   quorvane-demo [IMAGE] [--screenshot FILE] [--size WxH] [--page crop]
+//   quorvane-demo [IMAGE] [--screenshot FILE] [--size WxH] [--page crop|canvas|move]
 #include "Editor/QuorvaneSdkImageEditorPreset.h"
 #include "Editor/QuorvaneSdkImageEditorViewModel.h"
 
@@ -92,8 +92,10 @@ int main(int argc, char* argv[])
     if (!options.page.isEmpty()) {
         auto* session = window->findChild<QuorvaneSdkImageEditorViewModel*>();
         if (ImageEditorViewModel* editor = session ? session->editor() : nullptr) {
-            editor->navigate(options.page);
-            QTimer::singleShot(300, editor, [editor] {
+            // "move" is the draw page with its sample drawing and the text picked up by the move tool.
+            const bool move = options.page == u"move";
+            editor->navigate(move ? QStringLiteral("canvas") : options.page);
+            QTimer::singleShot(300, editor, [editor, move] {
                 if (CanvasViewModel* canvas = editor->canvas()) {
                     const QSizeF frame = canvas->imageFrameSize();
                     for (int step = 0; step <= 40; ++step)
@@ -105,6 +107,10 @@ int main(int argc, char* argv[])
                     text.setTextSize(32);
                     text.setSelectedColor(QColor(0xFF, 0xCC, 0x00));
                     canvas->confirmText(&text);
+                    if (move) {
+                        canvas->enableMove();
+                        canvas->handleTap(canvas->lineImages().last());
+                    }
                 }
                 if (CropperViewModel* cropper = editor->cropper()) {
                     for (int step = 1; step <= 8; ++step)

@@ -17,6 +17,16 @@ Rectangle {
 
         anchors.fill: parent
         visible: root.viewModel.page === "base"
+        // Springs back into place when a tool page closes, as tool pages spring open.
+        scale: visible ? 1 : 0.95
+
+        Behavior on scale {
+            SpringAnimation {
+                spring: 5
+                damping: 0.4
+                epsilon: 0.001
+            }
+        }
 
         Shortcut {
             enabled: basePage.visible

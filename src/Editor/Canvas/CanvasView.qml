@@ -31,6 +31,8 @@ Rectangle {
 
         Item {
             id: topOptions
+            // Above the canvas, whatever an item is dragged or scaled to.
+            z: 1
             anchors.left: parent.left
             anchors.right: parent.right
             anchors.top: parent.top
@@ -123,10 +125,13 @@ Rectangle {
             anchors.right: parent.right
             anchors.bottom: bottomOptions.top
             anchors.bottomMargin: 8
-            height: root.viewModel.selectedOption === "transform" ? 200 : 96
+            // One height for every tool: the image is fitted once, so the space above must not change.
+            height: 152
 
             Column {
-                anchors.fill: parent
+                anchors.left: parent.left
+                anchors.right: parent.right
+                anchors.bottom: parent.bottom
                 spacing: 8
                 visible: root.viewModel.selectedOption === "drawing"
 

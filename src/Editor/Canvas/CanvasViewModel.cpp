@@ -1,5 +1,6 @@
 #include "CanvasViewModel.h"
 
+#include "Editor/Common/BrandColor.h"
 #include "Editor/Helpers/ImageHelpers.h"
 
 #include <QMetaEnum>
@@ -257,11 +258,12 @@ void CanvasViewModel::addText(std::optional<QImage> image)
 QList<QColor> CanvasViewModel::colorItems()
 {
     // Red, green, blue, yellow, orange, purple, pink, gray, black, white, secondary, accent, brown, cyan,
-    // mint, teal, indigo: close to the standard palette of phones.
+    // mint, teal, indigo: close to the standard palette of phones. The accent is the brand's own, which
+    // also keeps it apart from blue.
     return {QColor(0xFF, 0x3B, 0x30), QColor(0x34, 0xC7, 0x59),       QColor(0x00, 0x7A, 0xFF),
             QColor(0xFF, 0xCC, 0x00), QColor(0xFF, 0x95, 0x00),       QColor(0xAF, 0x52, 0xDE),
             QColor(0xFF, 0x2D, 0x55), QColor(0x8E, 0x8E, 0x93),       QColor(0x00, 0x00, 0x00),
-            QColor(0xFF, 0xFF, 0xFF), QColor(0x3C, 0x3C, 0x43, 0x99), QColor(0x00, 0x7A, 0xFF),
+            QColor(0xFF, 0xFF, 0xFF), QColor(0x3C, 0x3C, 0x43, 0x99), BrandColor::ambar(),
             QColor(0xA2, 0x84, 0x5E), QColor(0x32, 0xAD, 0xE6),       QColor(0x00, 0xC7, 0xBE),
             QColor(0x30, 0xB0, 0xC7), QColor(0x58, 0x56, 0xD6)};
 }

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Controls.Basic
 import Quorvane.SdkImage
 
-// The stroke width, 4 to 20 points; letting go of the slider sets it.
+// The stroke width, 4 to 20 points; letting go of the slider (or a key that moves it) sets it.
 Item {
     id: root
 
@@ -23,6 +23,8 @@ Item {
         value: root.viewModel.selectedlineWidth
         Accessible.name: qsTr("Line width")
         onPressedChanged: if (!pressed) root.viewModel.setLineWidthFromPicker(value)
+        // Arrow keys move it without a press.
+        onMoved: if (!pressed) root.viewModel.setLineWidthFromPicker(value)
 
         background: Rectangle {
             x: slider.leftPadding

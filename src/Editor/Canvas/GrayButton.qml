@@ -8,11 +8,15 @@ Rectangle {
     property string title
     property string icon
     property bool iconMirrored: false
+    /// Without the label on screen (the icon says it); screen readers still read the title.
+    property bool showsTitle: true
+    /// A width for the label, which then wraps onto a second line; its natural width when not set.
+    property real labelWidth: -1
 
     signal clicked()
 
     objectName: root.title
-    implicitWidth: content.implicitWidth + 20
+    implicitWidth: Math.max(44, content.implicitWidth + 20)
     implicitHeight: 44
     radius: 8
     color: tap.pressed ? "#636366" : BrandColor.gray
@@ -39,9 +43,14 @@ Rectangle {
         }
         Text {
             anchors.verticalCenter: parent.verticalCenter
+            width: root.labelWidth > 0 ? root.labelWidth : implicitWidth
+            visible: root.showsTitle
             text: root.title
             color: "white"
             font.pixelSize: 14
+            wrapMode: Text.WordWrap
+            maximumLineCount: 2
+            horizontalAlignment: Text.AlignHCenter
         }
     }
     TapHandler {

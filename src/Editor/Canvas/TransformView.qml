@@ -28,8 +28,8 @@ Item {
                 visible: root.selectedOption === "none"
                 GrayButton { title: qsTr("Rotation"); icon: BrandImage.rotate; onClicked: root.selectedOption = "rotation" }
                 GrayButton { title: qsTr("Scale"); icon: BrandImage.resize; onClicked: root.selectedOption = "scale" }
-                GrayButton { title: qsTr("Alignment"); icon: BrandImage.move; onClicked: root.selectedOption = "alignment" }
-                GrayButton { title: qsTr("Delete"); icon: BrandImage.close; onClicked: root.viewModel.deleteSelection() }
+                GrayButton { title: qsTr("Alignment"); icon: BrandImage.alignCenter; onClicked: root.selectedOption = "alignment" }
+                GrayButton { title: qsTr("Delete"); icon: BrandImage.trash; onClicked: root.viewModel.deleteSelection() }
                 GrayButton { title: qsTr("Done"); onClicked: root.viewModel.closeSelection() }
             }
             Flow {
@@ -57,21 +57,29 @@ Item {
                 GrayButton { title: qsTr("2x"); onClicked: root.viewModel.scaleTo(2.0) }
                 GrayButton { title: qsTr("4x"); onClicked: root.viewModel.scaleTo(4.0) }
             }
-            // The nine places laid out as they lie in the frame.
-            Grid {
-                columns: 3
+            // The nine places laid out as they lie in the frame, three rows beside the way back.
+            Row {
                 spacing: 8
                 visible: root.selectedOption === "alignment"
-                GrayButton { title: qsTr("Top leading"); onClicked: root.viewModel.alignTo("topLeading") }
-                GrayButton { title: qsTr("Top"); onClicked: root.viewModel.alignTo("top") }
-                GrayButton { title: qsTr("Top trailing"); onClicked: root.viewModel.alignTo("topTrailing") }
-                GrayButton { title: qsTr("Leading"); onClicked: root.viewModel.alignTo("leading") }
-                GrayButton { title: qsTr("Center"); onClicked: root.viewModel.alignTo("center") }
-                GrayButton { title: qsTr("Trailing"); onClicked: root.viewModel.alignTo("trailing") }
-                GrayButton { title: qsTr("Bottom leading"); onClicked: root.viewModel.alignTo("bottomLeading") }
-                GrayButton { title: qsTr("Bottom"); onClicked: root.viewModel.alignTo("bottom") }
-                GrayButton { title: qsTr("Bottom trailing"); onClicked: root.viewModel.alignTo("bottomTrailing") }
-                GrayButton { objectName: "alignmentBack"; title: qsTr("Back"); icon: BrandImage.back; onClicked: root.selectedOption = "none" }
+
+                GrayButton { objectName: "alignmentBack"; title: qsTr("Back"); icon: BrandImage.back; showsTitle: false; onClicked: root.selectedOption = "none" }
+                Grid {
+                    id: alignments
+                    // Each label gets a third of what is left beside the way back.
+                    readonly property real labelWidth: Math.min(120, (rows.width - 24 - 52 - 16) / 3 - 20)
+
+                    columns: 3
+                    spacing: 8
+                    GrayButton { title: qsTr("Top leading"); labelWidth: alignments.labelWidth; onClicked: root.viewModel.alignTo("topLeading") }
+                    GrayButton { title: qsTr("Top"); labelWidth: alignments.labelWidth; onClicked: root.viewModel.alignTo("top") }
+                    GrayButton { title: qsTr("Top trailing"); labelWidth: alignments.labelWidth; onClicked: root.viewModel.alignTo("topTrailing") }
+                    GrayButton { title: qsTr("Leading"); labelWidth: alignments.labelWidth; onClicked: root.viewModel.alignTo("leading") }
+                    GrayButton { title: qsTr("Center"); labelWidth: alignments.labelWidth; onClicked: root.viewModel.alignTo("center") }
+                    GrayButton { title: qsTr("Trailing"); labelWidth: alignments.labelWidth; onClicked: root.viewModel.alignTo("trailing") }
+                    GrayButton { title: qsTr("Bottom leading"); labelWidth: alignments.labelWidth; onClicked: root.viewModel.alignTo("bottomLeading") }
+                    GrayButton { title: qsTr("Bottom"); labelWidth: alignments.labelWidth; onClicked: root.viewModel.alignTo("bottom") }
+                    GrayButton { title: qsTr("Bottom trailing"); labelWidth: alignments.labelWidth; onClicked: root.viewModel.alignTo("bottomTrailing") }
+                }
             }
         }
     }

@@ -24,6 +24,11 @@ class BrandImage : public QObject
     Q_PROPERTY(QString scaleUp READ scaleUp CONSTANT)
     Q_PROPERTY(QString text READ text CONSTANT)
     Q_PROPERTY(QString undo READ undo CONSTANT)
+    // Beyond the brand's set: the draw tool's confirm, delete, align and text size marks.
+    Q_PROPERTY(QString checkmark READ checkmark CONSTANT)
+    Q_PROPERTY(QString trash READ trash CONSTANT)
+    Q_PROPERTY(QString alignCenter READ alignCenter CONSTANT)
+    Q_PROPERTY(QString textSize READ textSize CONSTANT)
 
 public:
     using QObject::QObject;
@@ -49,4 +54,8 @@ public:
     static QString scaleUp() { return path("scaleUp"); }
     static QString text() { return path("text"); }
     static QString undo() { return path("undo"); }
+    static QString checkmark() { return path("checkmark"); }
+    static QString trash() { return path("trash"); }
+    static QString alignCenter() { return path("alignCenter"); }
+    static QString textSize() { return path("textSize"); }
 };

@@ -1,13 +1,14 @@
 import QtQuick
 import Quorvane.SdkImage
 
-// A one-line text field with a "Done" button that ends the editing.
+// A one-line text field with a "Done" button that ends the editing: the keyboard goes, the text stays.
 Rectangle {
     id: root
 
     property alias text: input.text
     property string placeholder
 
+    /// Editing ended: "Done", Enter, or the focus went elsewhere.
     signal done()
 
     implicitWidth: 300
@@ -27,7 +28,8 @@ Rectangle {
         clip: true
         Accessible.role: Accessible.EditableText
         Accessible.name: root.placeholder
-        onAccepted: root.done()
+        onAccepted: input.focus = false
+        onActiveFocusChanged: if (!activeFocus) root.done()
 
         Text {
             anchors.fill: parent
@@ -48,11 +50,11 @@ Rectangle {
         font.bold: true
         Accessible.role: Accessible.Button
         Accessible.name: text
-        Accessible.onPressAction: root.done()
+        Accessible.onPressAction: input.focus = false
 
         TapHandler {
-            margin: 10
-            onTapped: root.done()
+            margin: 14
+            onTapped: input.focus = false
         }
     }
 }

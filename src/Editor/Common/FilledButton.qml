@@ -15,9 +15,11 @@ Rectangle {
     radius: 8
     color: BrandColor.ambar
     opacity: root.isDisabled ? 0.4 : (tap.pressed ? 0.8 : 1)
+    // Disabled, it is also announced as unavailable.
+    enabled: !root.isDisabled
     Accessible.role: Accessible.Button
     Accessible.name: root.title
-    Accessible.onPressAction: root.clicked()
+    Accessible.onPressAction: if (!root.isDisabled) root.clicked()
 
     Text {
         id: label
@@ -29,7 +31,6 @@ Rectangle {
     }
     TapHandler {
         id: tap
-        enabled: !root.isDisabled
         onTapped: root.clicked()
     }
 }

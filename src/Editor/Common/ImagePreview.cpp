@@ -16,6 +16,7 @@ void ImagePreview::setImage(const QImage& image)
     if (image == m_image)
         return;
     m_image = image;
+    m_reduced = QImage();
     m_previewDirty = true;
     updatePaintedRect();
     update();
@@ -45,6 +46,25 @@ void ImagePreview::updatePaintedRect()
     }
 }
 
+const QImage& ImagePreview::reducedSource(QSize target)
+{
+    // A photo is reduced once to about the window's size; later fits (a turn swaps the frame's sides, a
+    // window resize) start from that copy instead of from every pixel of the photo.
+    const bool fits =
+        !m_reduced.isNull() && target.width() <= m_reduced.width() && target.height() <= m_reduced.height();
+    if (!fits) {
+        const qreal dpr = window()->effectiveDevicePixelRatio();
+        // Two pixels to spare, so that rounding the short side never leaves the copy below a target.
+        const int side = qMax(qMax(target.width(), target.height()),
+                              int(std::ceil(qMax(window()->width(), window()->height()) * dpr))) +
+                         2;
+        m_reduced = m_image.width() > side || m_image.height() > side
+                        ? m_image.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation)
+                        : m_image;
+    }
+    return m_reduced;
+}
+
 QSGNode* ImagePreview::updatePaintNode(QSGNode* oldNode, UpdatePaintNodeData*)
 {
     auto* node = static_cast<QSGImageNode*>(oldNode);
@@ -63,9 +83,10 @@ QSGNode* ImagePreview::updatePaintNode(QSGNode* oldNode, UpdatePaintNodeData*)
         const qreal dpr = window()->effectiveDevicePixelRatio();
         const QSize target(qMax(1, int(std::ceil(m_paintedRect.width() * dpr))),
                            qMax(1, int(std::ceil(m_paintedRect.height() * dpr))));
-        m_preview = target.width() < m_image.width() || target.height() < m_image.height()
-                        ? m_image.scaled(target, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
-                        : m_image;
+        const QImage& source = reducedSource(target);
+        m_preview = target.width() < source.width() || target.height() < source.height()
+                        ? source.scaled(target, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+                        : source;
         node->setTexture(window()->createTextureFromImage(m_preview));
         m_previewDirty = false;
     }

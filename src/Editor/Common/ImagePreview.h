@@ -33,8 +33,10 @@ protected:
 
 private:
     void updatePaintedRect();
+    const QImage& reducedSource(QSize target);
 
     QImage m_image;
+    QImage m_reduced;
     QImage m_preview;
     QRectF m_paintedRect;
     bool m_previewDirty = true;

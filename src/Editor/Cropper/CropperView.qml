@@ -158,6 +158,8 @@ Rectangle {
             MouseArea {
                 anchors.fill: parent
                 preventStealing: true
+                Accessible.role: Accessible.Graphic
+                Accessible.name: qsTr("Crop frame: drag an edge, a corner or the middle")
                 onPositionChanged: (mouse) => root.viewModel.handleDragging(Qt.point(mouse.x, mouse.y))
                 onReleased: root.viewModel.finishCropping()
                 onCanceled: root.viewModel.finishCropping()

@@ -41,9 +41,12 @@ Rectangle {
                 title: qsTr("CANCEL")
                 onClicked: root.canvas.cancelText()
             }
-            FilledButton {
+            CircularButton {
                 objectName: "textConfirmButton"
-                title: qsTr("ADD")
+                anchors.verticalCenter: parent.verticalCenter
+                icon: BrandImage.checkmark
+                tint: BrandColor.ambar
+                accessibleName: qsTr("Add the text")
                 onClicked: root.canvas.confirmText(textModel)
             }
         }
@@ -52,7 +55,6 @@ Rectangle {
             width: parent.width
             placeholder: qsTr("Add some text...")
             onTextChanged: textModel.text = text
-            onDone: root.canvas.confirmText(textModel)
         }
         Row {
             spacing: 8
@@ -75,14 +77,27 @@ Rectangle {
                 onClicked: textModel.isUppercase = !textModel.isUppercase
             }
         }
-        Slider {
-            objectName: "textSizeSlider"
+        Row {
             width: parent.width
-            from: textModel.minimumTextSize
-            to: textModel.maximumTextSize
-            value: textModel.textSize
-            Accessible.name: qsTr("Text size")
-            onMoved: textModel.textSize = value
+            spacing: 8
+
+            BrandIcon {
+                anchors.verticalCenter: parent.verticalCenter
+                width: 24
+                height: 24
+                source: BrandImage.textSize
+                color: "white"
+            }
+            Slider {
+                objectName: "textSizeSlider"
+                width: parent.width - 32
+                from: textModel.minimumTextSize
+                to: textModel.maximumTextSize
+                stepSize: 1
+                value: textModel.textSize
+                Accessible.name: qsTr("Text size")
+                onMoved: textModel.textSize = value
+            }
         }
         ChooseColorView {
             width: parent.width
