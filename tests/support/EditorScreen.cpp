@@ -5,10 +5,15 @@
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QTest>
+#include <QtMath>
 #include <QtQuickTest/quicktest.h>
+#include <cmath>
 
 EditorScreen::EditorScreen(const QuorvaneSdkImageEditorPreset& preset, QSize size)
 {
+    // One touch screen for the whole test run: devices are registered for good.
+    static QPointingDevice* touch = QTest::createTouchDevice();
+    m_touch = touch;
     m_view.engine()->addImportPath(QStringLiteral("qrc:/qt/qml"));
     m_view.setInitialProperties({{QStringLiteral("preset"), QVariant::fromValue(preset)}});
     m_view.setResizeMode(QQuickView::SizeRootObjectToView);
@@ -81,6 +86,38 @@ void EditorScreen::drag(const QQuickItem* item, QPointF from, QPointF to)
         QTest::mouseMove(&m_view, item->mapToScene(local).toPoint(), 5);
     }
     QTest::mouseRelease(&m_view, Qt::LeftButton, {}, item->mapToScene(to).toPoint());
+}
+
+void EditorScreen::touchDrag(const QQuickItem* item, QPointF from, QPointF to)
+{
+    QQuickTest::qWaitForPolish(&m_view);
+    QTest::touchEvent(&m_view, m_touch).press(0, item->mapToScene(from).toPoint());
+    constexpr int kSteps = 12;
+    for (int step = 1; step <= kSteps; ++step) {
+        const QPointF local = from + (to - from) * (qreal(step) / kSteps);
+        QTest::touchEvent(&m_view, m_touch).move(0, item->mapToScene(local).toPoint());
+        QTest::qWait(5);
+    }
+    QTest::touchEvent(&m_view, m_touch).release(0, item->mapToScene(to).toPoint());
+}
+
+void EditorScreen::twoFingerGesture(const QQuickItem* item, QPointF centre, qreal spread, qreal degrees,
+                                    qreal scale)
+{
+    QQuickTest::qWaitForPolish(&m_view);
+    const auto finger = [&](qreal progress, int which) {
+        const qreal angle = qDegreesToRadians(degrees * progress) + (which == 0 ? M_PI : 0.0);
+        const qreal radius = spread / 2 * (1 + (scale - 1) * progress);
+        return item->mapToScene(centre + QPointF(std::cos(angle), std::sin(angle)) * radius).toPoint();
+    };
+    QTest::touchEvent(&m_view, m_touch).press(0, finger(0, 0)).press(1, finger(0, 1));
+    constexpr int kSteps = 12;
+    for (int step = 1; step <= kSteps; ++step) {
+        const qreal progress = qreal(step) / kSteps;
+        QTest::touchEvent(&m_view, m_touch).move(0, finger(progress, 0)).move(1, finger(progress, 1));
+        QTest::qWait(5);
+    }
+    QTest::touchEvent(&m_view, m_touch).release(0, finger(1, 0)).release(1, finger(1, 1));
 }
 
 void EditorScreen::key(Qt::Key key, Qt::KeyboardModifiers modifiers)

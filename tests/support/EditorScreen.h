@@ -4,6 +4,7 @@
 #include "Editor/QuorvaneSdkImageEditorPreset.h"
 #include "Editor/QuorvaneSdkImageEditorResult.h"
 
+#include <QPointingDevice>
 #include <QQuickItem>
 #include <QQuickView>
 #include <QSignalSpy>
@@ -28,6 +29,11 @@ public:
     void tap(const QQuickItem* item);
     /// A one-finger drag on \a item from \a from to \a to, in the item's own coordinates, in small steps.
     void drag(const QQuickItem* item, QPointF from, QPointF to);
+    /// The same drag made by a finger on the touch screen.
+    void touchDrag(const QQuickItem* item, QPointF from, QPointF to);
+    /// Two fingers on \a item, placed \a spread apart either side of \a centre (item coordinates), turned by
+    /// \a degrees and spread \a scale times further in small steps, then lifted.
+    void twoFingerGesture(const QQuickItem* item, QPointF centre, qreal spread, qreal degrees, qreal scale);
     void key(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
 
     /// Waits until the tool page has sprung into place.
@@ -38,5 +44,6 @@ public:
 
 private:
     QQuickView m_view;
+    QPointingDevice* m_touch = nullptr;
     std::unique_ptr<QSignalSpy> m_completions;
 };

@@ -38,7 +38,6 @@ private:
     QTemporaryDir m_dir;
     QString m_photo;
     QString m_output;
-    QPointingDevice* m_touch = nullptr;
 
     // Repeated items belong to their visual parent only, so they are found by walking the item tree.
     static QQuickItem* itemShowing(const QQuickItem* root, QObject* model)
@@ -60,7 +59,6 @@ private slots:
         m_photo = m_dir.filePath(QStringLiteral("photo.png"));
         QVERIFY(writeFile(m_photo, encode(QImage(photoPath()).copy(1000, 800, 1200, 900), "png")));
         m_output = m_dir.filePath(QStringLiteral("drawn.png"));
-        m_touch = QTest::createTouchDevice();
     }
 
     void wholeSession_strokeAndText_landWhereTheyWerePlaced()
@@ -78,7 +76,7 @@ private slots:
 
         // One finger draws a stroke.
         const QQuickItem* surface = screen.find("drawingSurface");
-        screen.drag(surface, QPointF(40, 40), QPointF(120, 100));
+        screen.touchDrag(surface, QPointF(40, 40), QPointF(120, 100));
         QCOMPARE(canvas->lineImages().size(), 1);
         QVERIFY(screen.isShown("moveButton"));
         QVERIFY(screen.isShown("canvasUndoButton"));
@@ -95,28 +93,23 @@ private slots:
         const LineImagePtr text = canvas->lineImages()[1];
         const QSizeF centred = text->offset();
 
-        // Moved with one finger, then pinched with two.
+        // Moved with one finger, then pinched and turned with two.
         screen.tap("moveButton");
         QQuickItem* textItem = itemShowing(screen.view().rootObject(), canvas->lineImageViewModels()[1]);
         QVERIFY(textItem);
         const QPointF middle(textItem->width() / 2, textItem->height() / 2);
-        screen.drag(textItem, middle, middle + QPointF(40, 30));
+        screen.touchDrag(textItem, middle, middle + QPointF(40, 30));
         QTRY_VERIFY(qAbs(text->offset().width() - centred.width() - 40) <= 2);
         QVERIFY(qAbs(text->offset().height() - centred.height() - 30) <= 2);
 
-        const QPoint centre = textItem->mapToScene(middle).toPoint();
-        QTest::touchEvent(&screen.view(), m_touch)
-            .press(0, centre - QPoint(20, 0))
-            .press(1, centre + QPoint(20, 0));
-        for (int step = 1; step <= 10; ++step) {
-            QTest::touchEvent(&screen.view(), m_touch)
-                .move(0, centre - QPoint(20 + 8 * step, 0))
-                .move(1, centre + QPoint(20 + 8 * step, 0));
-        }
-        QTest::touchEvent(&screen.view(), m_touch)
-            .release(0, centre - QPoint(60, 0))
-            .release(1, centre + QPoint(60, 0));
+        screen.twoFingerGesture(textItem, middle, 40, 0, 3.0);
         QTRY_VERIFY2(text->magnification() > 1.2, qPrintable(QString::number(text->magnification())));
+        const qreal pinched = text->magnification();
+        // The turn counts from where the fingers passed the drag threshold, so a little less than 90°.
+        screen.twoFingerGesture(textItem, middle, textItem->width() * 0.8, 90, 1.0);
+        QTRY_VERIFY2(text->rotationAngle().degrees() > 45 && text->rotationAngle().degrees() <= 90.5,
+                     qPrintable(QString::number(text->rotationAngle().degrees())));
+        QVERIFY(qAbs(text->magnification() - pinched) < 0.2 * pinched);
 
         const QSizeF frame = canvas->imageFrameSize();
         const qreal toImage = 1200.0 / frame.width();

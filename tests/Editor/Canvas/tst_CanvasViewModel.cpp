@@ -123,9 +123,11 @@ private slots:
         QCOMPARE(item->currentImageSize(), model->imageFrameSize());
         QCOMPARE(model->previousStateCount(), 1);
         QVERIFY(model->currentLine().points.isEmpty());
-        // The stroke is drawn white, in the middle of its box.
+        // The stroke is drawn white along its path; the box's corner stays clear.
         const QImage& image = item->image();
         QCOMPARE(image.pixelColor(0, 0).alpha(), 0);
+        const QPointF middle = (points[0] + points[1]) / 2 - QPointF(offset.width(), offset.height());
+        QCOMPARE(image.pixelColor(middle.toPoint()), QColor(Qt::white));
     }
 
     void boundingBox_startsAt1000()
@@ -210,6 +212,41 @@ private slots:
         model->handleTap(second->id());
         QVERIFY(!model->selectedLineImage());
         QVERIFY(!second->isSelected());
+    }
+
+    void close_deselectsTheSelectedItem()
+    {
+        auto model = canvas();
+        stroke(*model, {{10, 10}, {50, 50}});
+        const LineImagePtr item = model->lineImages().first();
+        model->handleTap(item);
+        QSignalSpy selection(model.get(), &CanvasViewModel::selectedLineImageChanged);
+
+        model->closeSelection();
+
+        QVERIFY(!model->hasSelection());
+        QVERIFY(!item->isSelected());
+        QCOMPARE(selection.count(), 1);
+        QCOMPARE(model->lineImages().size(), 1);
+    }
+
+    void items_areTheirOwnSelves_evenWhenAlike()
+    {
+        auto model = canvas();
+        // The same stroke twice: two items that look alike in every field but the id.
+        stroke(*model, {{10, 10}, {50, 50}});
+        stroke(*model, {{10, 10}, {50, 50}});
+        const LineImagePtr first = model->lineImages()[0];
+        const LineImagePtr second = model->lineImages()[1];
+        QCOMPARE(first->offset(), second->offset());
+
+        model->handleTap(second);
+        QVERIFY(!first->isSelected());
+        model->deleteLine(first->id());
+
+        QCOMPARE(model->lineImages().size(), 1);
+        QCOMPARE(model->lineImages().first(), second);
+        QVERIFY(second->isSelected());
     }
 
     void undo_bringsBackWhichItemsExistAndWhereTheyStand()

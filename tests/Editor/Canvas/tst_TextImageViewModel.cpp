@@ -18,6 +18,17 @@ int pixelsOf(const QImage& image, QColor colour)
     return count;
 }
 
+// The summed coverage of every pixel: how much ink the text lays down.
+qint64 inkOf(const QImage& image)
+{
+    qint64 sum = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            sum += image.pixelColor(x, y).alpha();
+    }
+    return sum;
+}
+
 } // namespace
 
 class tst_TextImageViewModel : public QObject
@@ -68,6 +79,13 @@ private slots:
         QVERIFY(!image.isNull());
         QVERIFY(pixelsOf(image, Qt::white) > 20);
         QCOMPARE(image.pixelColor(0, 0).alpha(), 0);
+        // The traits show in the pixels: bold lays more ink, italic slants the same letters.
+        TextImageViewModel plain;
+        plain.setText(model.text());
+        const QImage plainImage = plain.textToImage();
+        QCOMPARE(image == plainImage, !bold && !italic);
+        if (bold)
+            QVERIFY(inkOf(image) > inkOf(plainImage) * 1.15);
     }
 
     void textToImage_usesTheColourAndSize()
