@@ -2,9 +2,10 @@
 
 QuorvaneSdkImageEditorPreset
 QuorvaneSdkImage::presetFromImageUrl(const QUrl& imageURL, const QuorvaneSdkImageOutputFormat& outputFormat,
-                                     const QUrl& outputURL, const QSizeF& newSize) const
+                                     const QUrl& outputURL, const QSizeF& newSize,
+                                     qint64 maxImagePixels) const
 {
-    return QuorvaneSdkImageEditorPreset(imageURL, outputFormat,
-                                        outputURL.isEmpty() ? std::nullopt : std::optional<QUrl>(outputURL),
-                                        newSize.isEmpty() ? std::nullopt : std::optional<QSizeF>(newSize));
+    return QuorvaneSdkImageEditorPreset(
+        imageURL, outputFormat, outputURL.isEmpty() ? std::nullopt : std::optional<QUrl>(outputURL),
+        newSize.isEmpty() ? std::nullopt : std::optional<QSizeF>(newSize), maxImagePixels);
 }

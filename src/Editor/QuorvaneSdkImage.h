@@ -22,9 +22,11 @@ public:
     Q_INVOKABLE QuorvaneSdkImageOutputFormat png() const { return QuorvaneSdkImageOutputFormat::png(); }
 
     /// A preset that loads \a imageURL. An empty \a outputURL lets the editor name a new file in Documents;
-    /// an empty \a newSize keeps the image's size.
+    /// an empty \a newSize keeps the image's size. A file of more than \a maxImagePixels pixels is not
+    /// loaded (the error screen shows instead).
     Q_INVOKABLE QuorvaneSdkImageEditorPreset presetFromImageUrl(
         const QUrl& imageURL,
         const QuorvaneSdkImageOutputFormat& outputFormat = QuorvaneSdkImageOutputFormat::jpg(100),
-        const QUrl& outputURL = QUrl(), const QSizeF& newSize = QSizeF()) const;
+        const QUrl& outputURL = QUrl(), const QSizeF& newSize = QSizeF(),
+        qint64 maxImagePixels = QuorvaneSdkImageEditorPreset::kDefaultMaxImagePixels) const;
 };

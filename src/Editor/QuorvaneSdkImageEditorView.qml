@@ -24,6 +24,8 @@ Rectangle {
 
     Loader {
         anchors.fill: parent
+        // Keys reach the screen shown: Return accepts the alert, Ctrl+Z and Escape reach the pages.
+        focus: true
         sourceComponent: !session.started ? null : session.hasImage ? editor : errorScreen
     }
 

@@ -75,6 +75,7 @@ Rectangle {
 
                 Text {
                     id: acceptLabel
+                    objectName: "acceptLabel"
                     anchors.centerIn: parent
                     text: qsTr("Accept")
                     font.pixelSize: 17

@@ -1,4 +1,5 @@
 #include "Editor/Helpers/ImageHelpers.h"
+#include "Editor/QuorvaneSdkImage.h"
 #include "Editor/QuorvaneSdkImageEditorPreset.h"
 #include "TestImages.h"
 
@@ -88,14 +89,32 @@ private slots:
         QVERIFY2(preset.loadFailure().contains(reason), qPrintable(preset.loadFailure()));
     }
 
+    void fromURL_honoursTheHostsPixelLimit_data()
+    {
+        QTest::addColumn<bool>("fromQml");
+        QTest::addColumn<qint64>("limit");
+        QTest::addColumn<bool>("loads");
+        QTest::newRow("C++, one pixel short") << false << qint64(9999) << false;
+        QTest::newRow("C++, exactly enough") << false << qint64(10000) << true;
+        QTest::newRow("QML, one pixel short") << true << qint64(9999) << false;
+        QTest::newRow("QML, exactly enough") << true << qint64(10000) << true;
+    }
+
     void fromURL_honoursTheHostsPixelLimit()
     {
+        QFETCH(bool, fromQml);
+        QFETCH(qint64, limit);
+        QFETCH(bool, loads);
         const QString path = m_dir.filePath(QStringLiteral("big.png"));
         QVERIFY(writeFile(path, encode(quadrants(QSize(100, 100)), "png")));
-        const QuorvaneSdkImageEditorPreset limited(
-            QUrl::fromLocalFile(path), QuorvaneSdkImageOutputFormat::png(), std::nullopt, std::nullopt, 9999);
-        QVERIFY(!limited.image());
-        QVERIFY(limited.loadFailure().contains(QStringLiteral("limit")));
+        const QUrl url = QUrl::fromLocalFile(path);
+        const QuorvaneSdkImageEditorPreset preset =
+            fromQml ? QuorvaneSdkImage().presetFromImageUrl(url, QuorvaneSdkImageOutputFormat::png(), QUrl(),
+                                                            QSizeF(), limit)
+                    : QuorvaneSdkImageEditorPreset(url, QuorvaneSdkImageOutputFormat::png(), std::nullopt,
+                                                   std::nullopt, limit);
+        QCOMPARE(bool(preset.image()), loads);
+        QCOMPARE(preset.loadFailure().contains(QStringLiteral("limit")), !loads);
     }
 };
 

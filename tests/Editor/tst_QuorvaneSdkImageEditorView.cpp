@@ -34,6 +34,7 @@ private slots:
         QVERIFY(screen.find("alert")->isVisible());
         QCOMPARE(screen.text("alertTitle"), QStringLiteral("Sorry"));
         QCOMPARE(screen.text("alertMessage"), QStringLiteral("Could not preview input image."));
+        QCOMPARE(screen.text("acceptLabel"), QStringLiteral("Accept"));
         QVERIFY(!screen.find("currentImage"));
         const QImage grab = screen.view().grabWindow();
         QCOMPARE(grab.pixelColor(5, 5), QColor(Qt::black));
@@ -51,6 +52,18 @@ private slots:
         const QuorvaneSdkImageEditorResult result = screen.completion(0);
         QVERIFY(!result.editedImage());
         QVERIFY(!result.editedImageURL());
+    }
+
+    void returnKey_acceptsTheAlert()
+    {
+        EditorScreen screen(QuorvaneSdkImageEditorPreset(QImage(), QuorvaneSdkImageOutputFormat::png(),
+                                                         std::nullopt, std::nullopt));
+        QVERIFY(QTest::qWaitForWindowExposed(&screen.view()));
+
+        screen.key(Qt::Key_Return);
+
+        QCOMPARE(screen.completionCount(), 1);
+        QVERIFY(!screen.completion(0).editedImage());
     }
 
     void tapOutsideTheAlert_doesNothing()
