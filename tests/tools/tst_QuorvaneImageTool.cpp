@@ -134,46 +134,57 @@ private slots:
         QTest::addColumn<QStringList>("arguments");
         QTest::addColumn<int>("exitCode");
         QTest::addColumn<QString>("sentence");
+        // The error record the failing service logs, once; empty when the failure is the tool's own.
+        QTest::addColumn<QString>("logLine");
 
         const QString out = file(QStringLiteral("never.jpg"));
         QTest::newRow("missing input")
-            << QStringList{"edit", file("none.jpg"), "--output", out} << 1 << "does not exist";
+            << QStringList{"edit", file("none.jpg"), "--output", out} << 1 << "does not exist" << QString();
         QTest::newRow("not an image")
-            << QStringList{"edit", file("text.jpg"), "--output", out} << 1 << "not an image";
+            << QStringList{"edit", file("text.jpg"), "--output", out} << 1 << "not an image" << QString();
         QTest::newRow("truncated") << QStringList{"edit", file("cut.jpg"), "--output", out} << 1
-                                   << "truncated";
-        QTest::newRow("too many pixels")
-            << QStringList{"edit", file("huge.png"), "--output", out} << 1 << "more than the limit";
+                                   << "truncated" << QString();
+        QTest::newRow("too many pixels") << QStringList{"edit", file("huge.png"), "--output", out} << 1
+                                         << "more than the limit" << QString();
         QTest::newRow("output folder missing")
             << QStringList{"edit", file("photo.png"), "--output", file("no/folder/never.jpg")} << 7
-            << "Cannot write the output file";
+            << "Cannot write the output file"
+            << "error ImageSaverImp: save image data to local failed";
         QTest::newRow("crop outside the image")
             << QStringList{"edit", file("photo.png"), "--crop", "100,0,21,80", "--output", out} << 3
-            << "does not lie inside";
+            << "does not lie inside"
+            << "error ImageCropperImp: invalid crop range";
         QTest::newRow("crop of zero width")
             << QStringList{"edit", file("photo.png"), "--crop", "10,10,0,20", "--output", out} << 4
-            << "no pixels";
+            << "no pixels"
+            << "error ImageCropperImp: crop image failed";
+        // JPEG cannot hold 70000 pixels across, so encoding fails.
+        QTest::newRow("image too wide for JPEG")
+            << QStringList{"edit", file("photo.png"), "--resize", "70000x10", "--output", out} << 5
+            << "Cannot encode the image in the requested format."
+            << "error ImageSaverImp: compress image failed";
         QTest::newRow("bad crop") << QStringList{"edit", file("photo.png"), "--crop", "1,2,3"} << 64
-                                  << "--crop";
+                                  << "--crop" << QString();
         QTest::newRow("bad rotate") << QStringList{"edit", file("photo.png"), "--rotate", "left"} << 64
-                                    << "--rotate";
+                                    << "--rotate" << QString();
         QTest::newRow("infinite rotate")
-            << QStringList{"edit", file("photo.png"), "--rotate", "inf"} << 64 << "--rotate";
-        QTest::newRow("no command") << QStringList{} << 64 << "usage:";
-        QTest::newRow("other command") << QStringList{"crop", file("photo.png")} << 64 << "usage:";
-        QTest::newRow("no input") << QStringList{"edit"} << 64 << "INPUT is missing";
+            << QStringList{"edit", file("photo.png"), "--rotate", "inf"} << 64 << "--rotate" << QString();
+        QTest::newRow("no command") << QStringList{} << 64 << "usage:" << QString();
+        QTest::newRow("other command")
+            << QStringList{"crop", file("photo.png")} << 64 << "usage:" << QString();
+        QTest::newRow("no input") << QStringList{"edit"} << 64 << "INPUT is missing" << QString();
         QTest::newRow("two inputs") << QStringList{"edit", file("photo.png"), file("photo.png")} << 64
-                                    << "one too many";
+                                    << "one too many" << QString();
         QTest::newRow("bad resize") << QStringList{"edit", file("photo.png"), "--resize", "0x10"} << 64
-                                    << "--resize";
+                                    << "--resize" << QString();
         QTest::newRow("resize without value")
-            << QStringList{"edit", file("photo.png"), "--resize"} << 64 << "needs a value";
+            << QStringList{"edit", file("photo.png"), "--resize"} << 64 << "needs a value" << QString();
         QTest::newRow("bad format") << QStringList{"edit", file("photo.png"), "--format", "gif"} << 64
-                                    << "--format";
+                                    << "--format" << QString();
         QTest::newRow("quality above 100")
-            << QStringList{"edit", file("photo.png"), "--format", "jpg:101"} << 64 << "--format";
-        QTest::newRow("unknown option")
-            << QStringList{"edit", file("photo.png"), "--sharpen", "2"} << 64 << "Unknown option";
+            << QStringList{"edit", file("photo.png"), "--format", "jpg:101"} << 64 << "--format" << QString();
+        QTest::newRow("unknown option") << QStringList{"edit", file("photo.png"), "--sharpen", "2"} << 64
+                                        << "Unknown option" << QString();
     }
 
     void failures_exitWithTheirCodeAndWriteNothing()
@@ -181,12 +192,15 @@ private slots:
         QFETCH(QStringList, arguments);
         QFETCH(int, exitCode);
         QFETCH(QString, sentence);
+        QFETCH(QString, logLine);
         const QStringList before = QDir(m_dir.path()).entryList(QDir::Files);
 
         const Run run = runTool(arguments, m_dir.path());
 
         QCOMPARE(run.exitCode, exitCode);
         QVERIFY2(run.err.contains(sentence), qPrintable(run.err));
+        if (!logLine.isEmpty())
+            QVERIFY2(run.err.count(logLine) == 1, qPrintable(run.err));
         QVERIFY(run.out.isEmpty());
         QCOMPARE(QDir(m_dir.path()).entryList(QDir::Files), before);
     }

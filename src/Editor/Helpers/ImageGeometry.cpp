@@ -2,6 +2,7 @@
 
 #include "ImageHelpers.h"
 
+#include <QColorSpace>
 #include <QPainter>
 #include <QTransform>
 #include <cmath>
@@ -61,6 +62,7 @@ std::optional<QImage> rotate(const QImage& image, double radians)
             turned = turned.copy(QRect(offset, canvasPixels));
         }
         turned.setDevicePixelRatio(scale);
+        turned.setColorSpace(image.colorSpace());
         return turned;
     }
 
@@ -68,6 +70,7 @@ std::optional<QImage> rotate(const QImage& image, double radians)
     if (canvas.isNull())
         return std::nullopt;
     canvas.setDevicePixelRatio(scale);
+    canvas.setColorSpace(image.colorSpace());
     canvas.fill(Qt::transparent);
     QPainter painter(&canvas);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
@@ -84,6 +87,7 @@ std::optional<QImage> horizontallyFlipped(const QImage& image)
         return std::nullopt;
     QImage flipped = image.mirrored(true, false);
     flipped.setDevicePixelRatio(image.devicePixelRatio());
+    flipped.setColorSpace(image.colorSpace());
     return flipped;
 }
 
@@ -93,6 +97,7 @@ std::optional<QImage> verticallyFlipped(const QImage& image)
         return std::nullopt;
     QImage flipped = image.mirrored(false, true);
     flipped.setDevicePixelRatio(image.devicePixelRatio());
+    flipped.setColorSpace(image.colorSpace());
     return flipped;
 }
 
@@ -112,6 +117,7 @@ std::optional<QImage> cutTurnedAndMirrored(const QImage& image, const QRect& pix
     if (result.isNull())
         return std::nullopt;
     result.setDevicePixelRatio(image.devicePixelRatio());
+    result.setColorSpace(image.colorSpace());
 
     // Destination pixel (u, v) reads source pixel origin + u·du + v·dv: the cut, the turn and the mirrors
     // composed into one affine walk over whole pixels.

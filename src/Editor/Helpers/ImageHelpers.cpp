@@ -106,6 +106,7 @@ std::optional<QImage> redrawnAtScreenScale(const QImage& image)
         return std::nullopt;
     canvas.fill(Qt::transparent);
     canvas.setDevicePixelRatio(scale);
+    canvas.setColorSpace(image.colorSpace());
     QPainter painter(&canvas);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     painter.drawImage(QRectF(QPointF(0, 0), points), image);
@@ -125,6 +126,7 @@ std::optional<QImage> resized(const QImage& image, QSizeF size)
     if (result.isNull())
         return std::nullopt;
     result.setDevicePixelRatio(scale);
+    result.setColorSpace(image.colorSpace());
     return result;
 }
 

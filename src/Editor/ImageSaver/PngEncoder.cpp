@@ -2,6 +2,8 @@
 
 #include "HuffmanDeflate.h"
 
+#include <QColorSpace>
+
 #include <zlib.h>
 
 #include <algorithm>
@@ -39,6 +41,31 @@ void appendChunk(QByteArray& png, const char type[4], const uchar* data, quint32
     std::array<uchar, 4> trailer{};
     putBigEndian(trailer.data(), crc);
     png.append(reinterpret_cast<const char*>(trailer.data()), 4);
+}
+
+// Tags the pixels with their colour space, so a wide-gamut photo keeps its colours in colour-managed viewers.
+void appendColourSpace(QByteArray& png, const QColorSpace& space)
+{
+    if (!space.isValid())
+        return;
+    if (space == QColorSpace(QColorSpace::SRgb)) {
+        const uchar perceptual = 0;
+        appendChunk(png, "sRGB", &perceptual, 1);
+        return;
+    }
+    const QByteArray profile = space.iccProfile();
+    if (profile.isEmpty())
+        return;
+    static constexpr char kName[] = "ICC profile";
+    constexpr size_t kHeader = sizeof(kName) + 1; // the name, its terminating zero, the method byte
+    uLongf packed = compressBound(uLong(profile.size()));
+    std::vector<uchar> chunk(kHeader + packed);
+    std::memcpy(chunk.data(), kName, sizeof(kName));
+    chunk[sizeof(kName)] = 0; // zlib
+    if (compress2(chunk.data() + kHeader, &packed, reinterpret_cast<const Bytef*>(profile.constData()),
+                  uLong(profile.size()), Z_BEST_COMPRESSION) != Z_OK)
+        return;
+    appendChunk(png, "iCCP", chunk.data(), quint32(kHeader + packed));
 }
 
 bool isOpaque32(const QImage& image)
@@ -131,6 +158,7 @@ std::optional<QByteArray> encodePng(const QImage& image)
     png.reserve(stride * image.height() / 2 + 1024);
     png.append(kSignature, 8);
     appendChunk(png, "IHDR", header.data(), quint32(header.size()));
+    appendColourSpace(png, image.colorSpace());
 
     // The IDAT chunk is written in place: length and checksum are filled in at the end.
     const qsizetype idatStart = png.size();

@@ -66,7 +66,7 @@ class tst_CropperViewModel : public QObject
 private:
     std::shared_ptr<RecordingCropper> m_cropper = std::make_shared<RecordingCropper>();
 
-    // A 4000 × 3000 point image in a 390 × 600 area: frame 390 × 292.5, turned frame 520 × 390.
+    // A 400 × 300 point image in a 390 × 600 area: frame 390 × 292.5, turned frame 520 × 390.
     std::unique_ptr<CropperViewModel> laidOut()
     {
         auto model = std::make_unique<CropperViewModel>(imageOfPoints(QSizeF(400, 300)), m_cropper);
@@ -150,10 +150,26 @@ private slots:
         QTest::newRow("centre before top") << QSizeF(4000, 500) << QPointF(195, 5) << Edge::center;
         // 4000 × 300: frame 390 × 29.25; y = 10 is in reach of top and bottom.
         QTest::newRow("top before bottom") << QSizeF(4000, 300) << QPointF(100, 10) << Edge::top;
-        QTest::newRow("top leading before top trailing")
+        QTest::newRow("top leading before bottom leading")
             << QSizeF(4000, 300) << QPointF(15, 10) << Edge::topLeading;
-        // 200 × 4000: frame 30 × 600; x = 15 is in reach of leading and trailing.
+        QTest::newRow("top trailing before bottom trailing")
+            << QSizeF(4000, 300) << QPointF(380, 10) << Edge::topTrailing;
+        // 200 × 4000: frame 30 × 600, centre (15, 300); x = 15 is in reach of leading and trailing.
         QTest::newRow("leading before trailing") << QSizeF(200, 4000) << QPointF(15, 100) << Edge::leading;
+        QTest::newRow("top leading before top trailing")
+            << QSizeF(200, 4000) << QPointF(15, 10) << Edge::topLeading;
+        QTest::newRow("bottom leading before bottom trailing")
+            << QSizeF(200, 4000) << QPointF(15, 590) << Edge::bottomLeading;
+        QTest::newRow("centre before leading and trailing")
+            << QSizeF(200, 4000) << QPointF(5, 280) << Edge::center;
+        // 390 × 80: frame 390 × 80, centre (195, 40): a touch can be exactly 20 from the centre both ways
+        // and exactly 20 from an edge at once.
+        QTest::newRow("centre before top, all at exactly 20")
+            << QSizeF(390, 80) << QPointF(215, 20) << Edge::center;
+        QTest::newRow("centre before bottom, all at exactly 20")
+            << QSizeF(390, 80) << QPointF(175, 60) << Edge::center;
+        QTest::newRow("just past the centre's reach, the top takes it")
+            << QSizeF(390, 80) << QPointF(215.01, 20) << Edge::top;
     }
 
     void getCropEdge_breaksTiesInFixedOrder()
@@ -168,36 +184,64 @@ private slots:
 
     void edgeUpdates_keep80PointsBetweenOppositeEdges_data()
     {
-        QTest::addColumn<QPointF>("touch");
-        QTest::addColumn<QString>("edge");
-        QTest::addColumn<qreal>("expected");
-        // Bottom edge at 292.5, trailing at 390.
-        QTest::newRow("top to 212.49 (80.01 apart)") << QPointF(195, 212.49) << "top" << 212.49;
-        QTest::newRow("top to 212.5 (exactly 80)") << QPointF(195, 212.5) << "top" << 0.0;
-        QTest::newRow("leading to 309.99") << QPointF(309.99, 100) << "leading" << 309.99;
-        QTest::newRow("leading to 310 (exactly 80)") << QPointF(310, 100) << "leading" << 0.0;
+        QTest::addColumn<Edge>("edge");
+        QTest::addColumn<qreal>("target");
+        QTest::addColumn<bool>("accepted");
+        // Untouched frame 390 × 292.5: top at 0, bottom at 292.5, leading at 0, trailing at 390.
+        QTest::newRow("top to 212.49 (80.01 apart)") << Edge::top << 212.49 << true;
+        QTest::newRow("top to 212.5 (exactly 80)") << Edge::top << 212.5 << false;
+        QTest::newRow("top to 212.51 (79.99 apart)") << Edge::top << 212.51 << false;
+        QTest::newRow("leading to 309.99") << Edge::leading << 309.99 << true;
+        QTest::newRow("leading to 310 (exactly 80)") << Edge::leading << 310.0 << false;
+        QTest::newRow("leading to 310.01") << Edge::leading << 310.01 << false;
+        QTest::newRow("bottom to 80.01 (80.01 apart)") << Edge::bottom << 80.01 << true;
+        QTest::newRow("bottom to 80 (exactly 80)") << Edge::bottom << 80.0 << false;
+        QTest::newRow("bottom to 79.99 (79.99 apart)") << Edge::bottom << 79.99 << false;
+        QTest::newRow("trailing to 80.01") << Edge::trailing << 80.01 << true;
+        QTest::newRow("trailing to 80 (exactly 80)") << Edge::trailing << 80.0 << false;
+        QTest::newRow("trailing to 79.99") << Edge::trailing << 79.99 << false;
     }
 
     void edgeUpdates_keep80PointsBetweenOppositeEdges()
     {
-        QFETCH(QPointF, touch);
-        QFETCH(QString, edge);
-        QFETCH(qreal, expected);
+        QFETCH(Edge, edge);
+        QFETCH(qreal, target);
+        QFETCH(bool, accepted);
         auto model = laidOut();
+        const bool vertical = edge == Edge::top || edge == Edge::bottom;
+        const bool fromNearBorder = edge == Edge::top || edge == Edge::leading;
+        // The other axis stays at 100, far from the centre and from the perpendicular edges.
+        const auto touchAt = [&](qreal at) { return vertical ? QPointF(100, at) : QPointF(at, 100); };
+        const auto position = [&] {
+            switch (edge) {
+            case Edge::top:
+                return model->topCropPosition();
+            case Edge::bottom:
+                return model->bottomCropPosition();
+            case Edge::leading:
+                return model->leadingCropPosition();
+            default:
+                return model->trailingCropPosition();
+            }
+        };
         // Walk the edge there in small steps, as a finger would, so the handle stays in reach.
-        const bool vertical = edge == u"top";
-        const qreal target = vertical ? touch.y() : touch.x();
-        for (qreal at = 5; at < target; at += 15)
-            model->handleDragging(vertical ? QPointF(touch.x(), at) : QPointF(at, touch.y()));
-        model->handleDragging(touch);
-        const qreal position = vertical ? model->topCropPosition() : model->leadingCropPosition();
-        if (expected == 0.0)
-            QVERIFY2(target - position > 0.001, "the edge must stop short of the 80-point separation");
-        else
-            QCOMPARE(position, expected);
+        const qreal border = vertical ? 292.5 : 390.0;
+        if (fromNearBorder) {
+            for (qreal at = 5; at < target; at += 15)
+                model->handleDragging(touchAt(at));
+        } else {
+            for (qreal at = border - 5; at > target; at -= 15)
+                model->handleDragging(touchAt(at));
+        }
+        QCOMPARE(model->getCropEdge(touchAt(target)), edge);
+        const qreal before = position();
+
+        model->handleDragging(touchAt(target));
+
+        QCOMPARE(position(), accepted ? target : before);
     }
 
-    void farBorders_areCheckedOnlyByBottomAndTrailing()
+    void touchesOnOrOutsideTheFrame_areIgnored()
     {
         auto model = laidOut();
         // Touches on or outside the frame's borders are ignored altogether.
@@ -208,6 +252,26 @@ private slots:
         drag(*model, {{100, 285}});
         QCOMPARE(model->bottomCropPosition(), 285.0);
         QCOMPARE(model->bottomCropHeight(), 7.5);
+    }
+
+    void frame_alwaysFitsTheCurrentLayoutAndTurn()
+    {
+        // A frame is never restored from an older layout: after the screen changes, every undo leaves a
+        // frame that fits the screen as it is now.
+        auto model = laidOut();
+        drag(*model, {{100, 285}});
+        model->rotateRight(true);
+
+        model->setupCropperLayout(QSizeF(780, 1200));
+        QCOMPARE(model->imageFrameSize(), QSizeF(1040, 780)); // turned, it shows 780 wide
+        model->undoLastAction();
+        QCOMPARE(model->imageFrameSize(), QSizeF(780, 585));
+        QCOMPARE(model->bottomCropHeight(), 585 * (1 - 285 / 292.5));
+        model->undoLastAction();
+
+        QCOMPARE(model->imageFrameSize(), QSizeF(780, 585));
+        QCOMPARE(model->bottomCropPosition(), 585.0);
+        QCOMPARE(model->trackedActionCount(), 0);
     }
 
     void centreMove_isDroppedWholeAtABorder()
@@ -249,6 +313,10 @@ private slots:
         QTest::newRow("right, flip v swaps") << QStringList{"R", "V"} << 90.0 << landscape << true << false;
         QTest::newRow("180, flip h") << QStringList{"R", "R", "H"} << 180.0 << portrait << true << false;
         QTest::newRow("flip h twice") << QStringList{"H", "H"} << 0.0 << portrait << false << false;
+        QTest::newRow("right, flip h, left, flip h")
+            << QStringList{"R", "H", "L", "H"} << 0.0 << portrait << true << true;
+        QTest::newRow("left ×3, flip v swaps")
+            << QStringList{"L", "L", "L", "V"} << -270.0 << landscape << true << false;
     }
 
     void rotationsAndFlips()
@@ -259,8 +327,13 @@ private slots:
         QFETCH(bool, flipHorizontally);
         QFETCH(bool, flipVertically);
         auto model = laidOut();
-        drag(*model, {{20, 20}, {40, 30}}); // a rectangle that is not the whole frame
-        const qreal topFactor = model->topCropPosition() / model->imageFrameSize().height();
+        // A rectangle with all four bands: top 30, leading 40, bottom 270, trailing 360 in 390 × 292.5.
+        drag(*model, {{20, 20}, {40, 30}});
+        drag(*model, {{380, 285}, {360, 270}});
+        QCOMPARE(model->topCropPosition(), 30.0);
+        QCOMPARE(model->leadingCropPosition(), 40.0);
+        QCOMPARE(model->bottomCropPosition(), 270.0);
+        QCOMPARE(model->trailingCropPosition(), 360.0);
 
         for (const QString& step : steps) {
             if (step == u"L")
@@ -278,8 +351,11 @@ private slots:
         QCOMPARE(model->flipHorizontally(), flipHorizontally);
         QCOMPARE(model->flipVertically(), flipVertically);
         // The rectangle keeps its place on the image: same fractions, bands of the new frame.
-        QCOMPARE(model->topCropHeight(), frame.height() * topFactor);
-        QCOMPARE(model->trackedActionCount(), int(steps.size()) + 1);
+        QCOMPARE(model->topCropHeight(), frame.height() * (30 / 292.5));
+        QCOMPARE(model->bottomCropHeight(), frame.height() * (1 - 270 / 292.5));
+        QCOMPARE(model->leadingCropWidth(), frame.width() * (40 / 390.0));
+        QCOMPARE(model->trailingCropWidth(), frame.width() * (1 - 360 / 390.0));
+        QCOMPARE(model->trackedActionCount(), int(steps.size()) + 2);
     }
 
     void flipButtonTints_showMirroringAlongTheirScreenAxis()
@@ -383,12 +459,23 @@ private slots:
         QTest::addColumn<QList<QPointF>>("drags");
         QTest::addColumn<QRect>("expected");
         QTest::newRow("untouched") << QList<QPointF>{} << QRect(0, 0, 400, 300);
-        // Frame 390 × 292.5 for 400 × 300 points: a point of frame is 400/390 image points.
         // Frame 390 × 292.5 for 400 × 300 points: a quarter of the frame is a quarter of the image.
         QTest::newRow("top leading to a quarter")
             << QList<QPointF>{{10, 10}, {20, 20}, {30, 25}, {40, 30}, {50, 40},
                               {60, 50}, {70, 55}, {80, 60}, {90, 70}, {97.5, 73.125}}
             << QRect(100, 75, 300, 225);
+        // Leading at 130.3575 of 390 is 133.7 of 400 image points, top at 74.0025 of 292.5 is 75.9 of 300:
+        // each product is cut toward zero, the extents too (266.3 and 224.1).
+        QTest::newRow("top leading to fractional points")
+            << QList<QPointF>{{10, 10}, {25, 20},  {40, 30},  {55, 40},           {70, 50},
+                              {85, 57}, {100, 64}, {115, 70}, {130.3575, 74.0025}}
+            << QRect(133, 75, 266, 224);
+        // Trailing at 195.585 of 390 is 200.6 image points wide, bottom at 147.03 of 292.5 is 150.8 tall.
+        QTest::newRow("bottom trailing to fractional points")
+            << QList<QPointF>{{380, 285}, {365, 275}, {350, 265}, {335, 255},       {320, 245},
+                              {305, 235}, {290, 225}, {275, 215}, {260, 205},       {245, 195},
+                              {230, 185}, {215, 170}, {200, 155}, {195.585, 147.03}}
+            << QRect(0, 0, 200, 150);
     }
 
     void cropImage_sendsTheFrameInImagePoints()

@@ -4,6 +4,7 @@
 #include "TestImages.h"
 
 #include <QTest>
+#include <QTransform>
 
 using namespace TestImages;
 
@@ -69,6 +70,8 @@ private slots:
 
     void invalidRanges_areRefused_data()
     {
+        QTest::addColumn<QSize>("pixels");
+        QTest::addColumn<qreal>("scale");
         QTest::addColumn<QRect>("points");
         QTest::addColumn<int>("code");
         QTest::addColumn<QStringList>("logLines");
@@ -78,25 +81,39 @@ private slots:
                                  "ImageCropperImp: crop image failed"};
         const int invalidRange = QuorvaneSdkImageError::invalidCropRange;
         const int unableToCrop = QuorvaneSdkImageError::unableToCropImage;
-        QTest::newRow("one point too wide") << QRect(0, 0, 301, 200) << invalidRange << invalid;
-        QTest::newRow("one point too tall") << QRect(0, 1, 300, 200) << invalidRange << invalid;
-        QTest::newRow("negative x") << QRect(-1, 0, 10, 10) << invalidRange << invalid;
-        QTest::newRow("negative y") << QRect(0, -1, 10, 10) << invalidRange << invalid;
+        const QSize plain(300, 200);
+        QTest::newRow("one point too wide")
+            << plain << 1.0 << QRect(0, 0, 301, 200) << invalidRange << invalid;
+        QTest::newRow("one point too tall")
+            << plain << 1.0 << QRect(0, 1, 300, 200) << invalidRange << invalid;
+        QTest::newRow("negative x") << plain << 1.0 << QRect(-1, 0, 10, 10) << invalidRange << invalid;
+        QTest::newRow("negative y") << plain << 1.0 << QRect(0, -1, 10, 10) << invalidRange << invalid;
         QTest::newRow("zero width passes the range, fails the cut")
-            << QRect(10, 10, 0, 10) << unableToCrop << failed;
-        QTest::newRow("zero height") << QRect(10, 10, 10, 0) << unableToCrop << failed;
-        QTest::newRow("negative width") << QRect(10, 10, -5, 10) << unableToCrop << failed;
+            << plain << 1.0 << QRect(10, 10, 0, 10) << unableToCrop << failed;
+        QTest::newRow("zero height") << plain << 1.0 << QRect(10, 10, 10, 0) << unableToCrop << failed;
+        QTest::newRow("negative width") << plain << 1.0 << QRect(10, 10, -5, 10) << unableToCrop << failed;
+        // 302 × 151 pixels at scale 3 are 100.67 × 50.33 points, which count as 100 × 50: the fractional
+        // part does not make room for one more point.
+        const QSize fractional(302, 151);
+        QTest::newRow("one point past a truncated width")
+            << fractional << 3.0 << QRect(0, 0, 101, 50) << invalidRange << invalid;
+        QTest::newRow("one point past a truncated height")
+            << fractional << 3.0 << QRect(0, 0, 100, 51) << invalidRange << invalid;
+        QTest::newRow("shifted one point past a truncated width")
+            << fractional << 3.0 << QRect(1, 0, 100, 50) << invalidRange << invalid;
     }
 
     void invalidRanges_areRefused()
     {
+        QFETCH(QSize, pixels);
+        QFETCH(qreal, scale);
         QFETCH(QRect, points);
         QFETCH(int, code);
         QFETCH(QStringList, logLines);
+        const QImage image = coordinates(pixels, scale);
         LogRecorder log;
         try {
-            m_cropper.crop(
-                {coordinates(QSize(300, 200), 1.0), points.x(), points.y(), points.width(), points.height()});
+            m_cropper.crop({image, points.x(), points.y(), points.width(), points.height()});
             QFAIL("crop did not throw");
         } catch (const QuorvaneSdkImageError& error) {
             QCOMPARE(int(error.code()), code);
@@ -151,6 +168,90 @@ private slots:
         const QImage cut = m_cropper.crop({photo, 1000, 500, 2000, 1500, Angle::degrees(90), false, true});
         QCOMPARE(cut.size(), QSize(1500, 2000));
         QCOMPARE(cut.pixel(0, 0), photo.pixel(1000, 500));
+    }
+
+    void realPhotoAtScale3_turnedAndFlipped_matchesPlainTransforms_data()
+    {
+        QTest::addColumn<double>("degrees");
+        QTest::addColumn<bool>("flipHorizontally");
+        QTest::addColumn<bool>("flipVertically");
+        QTest::addColumn<bool>("mirrorLeftRight");
+        QTest::addColumn<bool>("mirrorTopBottom");
+        // The reference mirrors in the turned image's axes; at a quarter turn each flag swaps axis.
+        QTest::newRow("90, flip h") << 90.0 << true << false << false << true;
+        QTest::newRow("90, flip v") << 90.0 << false << true << true << false;
+        QTest::newRow("-90, flip h") << -90.0 << true << false << false << true;
+        QTest::newRow("270, both flips") << 270.0 << true << true << true << true;
+        QTest::newRow("180, flip h") << 180.0 << true << false << true << false;
+    }
+
+    void realPhotoAtScale3_turnedAndFlipped_matchesPlainTransforms()
+    {
+        QFETCH(double, degrees);
+        QFETCH(bool, flipHorizontally);
+        QFETCH(bool, flipVertically);
+        QFETCH(bool, mirrorLeftRight);
+        QFETCH(bool, mirrorTopBottom);
+        QImage photo(photoPath());
+        QVERIFY(!photo.isNull());
+        photo.setDevicePixelRatio(3); // 4224 × 3168 pixels are 1408 × 1056 points
+
+        const QImage result = m_cropper.crop(
+            {photo, 200, 150, 800, 600, Angle::degrees(degrees), flipHorizontally, flipVertically});
+
+        QImage expected = photo.copy(600, 450, 2400, 1800)
+                              .transformed(QTransform().rotate(degrees))
+                              .mirrored(mirrorLeftRight, mirrorTopBottom)
+                              .convertToFormat(QImage::Format_RGB32);
+        expected.setDevicePixelRatio(3);
+        QCOMPARE(result.devicePixelRatio(), 3.0);
+        QCOMPARE(result.convertToFormat(QImage::Format_RGB32), expected);
+    }
+
+    void nonQuarterTurn_drawsOnTheFlooredBoundingBox_data()
+    {
+        QTest::addColumn<QSize>("pixels");
+        QTest::addColumn<qreal>("scale");
+        QTest::addColumn<double>("degrees");
+        QTest::addColumn<QSizeF>("canvasPoints");
+        // 200 × 100 points turned 30°: 200·cos 30° + 100·sin 30° = 223.2 wide,
+        // 200·sin 30° + 100·cos 30° = 186.6 tall.
+        QTest::newRow("30") << QSize(200, 100) << 1.0 << 30.0 << QSizeF(223, 186);
+        QTest::newRow("-30") << QSize(200, 100) << 1.0 << -30.0 << QSizeF(223, 186);
+        QTest::newRow("30 at scale 2") << QSize(400, 200) << 2.0 << 30.0 << QSizeF(223, 186);
+        // 100 × 100 points turned 45°: 141.42 both ways.
+        QTest::newRow("45, square") << QSize(100, 100) << 1.0 << 45.0 << QSizeF(141, 141);
+    }
+
+    void nonQuarterTurn_drawsOnTheFlooredBoundingBox()
+    {
+        QFETCH(QSize, pixels);
+        QFETCH(qreal, scale);
+        QFETCH(double, degrees);
+        QFETCH(QSizeF, canvasPoints);
+        // Blue with a red middle much larger than any smoothing reach, so the centre colour is unblended.
+        QImage source(pixels, QImage::Format_RGB32);
+        source.fill(Qt::blue);
+        for (int y = pixels.height() / 4; y < 3 * pixels.height() / 4; ++y) {
+            for (int x = pixels.width() / 4; x < 3 * pixels.width() / 4; ++x)
+                source.setPixel(x, y, qRgb(255, 0, 0));
+        }
+        source.setDevicePixelRatio(scale);
+        const QSizeF points = source.deviceIndependentSize();
+
+        const QImage result = m_cropper.crop(
+            {source, 0, 0, qint64(points.width()), qint64(points.height()), Angle::degrees(degrees)});
+
+        QCOMPARE(result.devicePixelRatio(), scale);
+        QCOMPARE(result.deviceIndependentSize(), canvasPoints);
+        QCOMPARE(result.size(), (canvasPoints * scale).toSize());
+        QVERIFY(result.hasAlphaChannel());
+        const int right = result.width() - 1;
+        const int bottom = result.height() - 1;
+        for (const QPoint corner : {QPoint(0, 0), QPoint(right, 0), QPoint(0, bottom), QPoint(right, bottom)})
+            QCOMPARE(qAlpha(result.pixel(corner)), 0);
+        QCOMPARE(result.pixelColor(result.width() / 2, result.height() / 2),
+                 source.pixelColor(pixels.width() / 2, pixels.height() / 2));
     }
 
     void resizeImage_rendersAtScaleOne()

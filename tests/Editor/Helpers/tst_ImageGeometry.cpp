@@ -2,8 +2,10 @@
 #include "Editor/Helpers/ImageGeometry.h"
 #include "TestImages.h"
 
+#include <QColorSpace>
 #include <QRandomGenerator>
 #include <QTest>
+#include <QTransform>
 
 using namespace TestImages;
 
@@ -204,15 +206,44 @@ private slots:
         QVERIFY(!ImageHelpers::verticallyFlipped(QImage()));
     }
 
-    void flipsAndOnePass_keepTheScale()
+    void geometry_keepsTheScaleAndColourSpace()
     {
         QImage image = noise(QSize(30, 20), QImage::Format_RGB32);
         image.setDevicePixelRatio(3.0);
-        QCOMPARE(ImageHelpers::horizontallyFlipped(image)->devicePixelRatio(), 3.0);
-        QCOMPARE(ImageHelpers::verticallyFlipped(image)->devicePixelRatio(), 3.0);
-        QCOMPARE(
-            ImageHelpers::cutTurnedAndMirrored(image, QRect(0, 0, 9, 6), 1, true, false)->devicePixelRatio(),
-            3.0);
+        image.setColorSpace(QColorSpace::DisplayP3);
+        const QImage results[] = {
+            *ImageHelpers::horizontallyFlipped(image), *ImageHelpers::verticallyFlipped(image),
+            *ImageHelpers::rotate(image, Angle::degrees(90).radians()),
+            *ImageHelpers::cutTurnedAndMirrored(image, QRect(0, 0, 9, 6), 1, true, false)};
+        for (const QImage& result : results) {
+            QCOMPARE(result.devicePixelRatio(), 3.0);
+            QVERIFY(result.colorSpace() == QColorSpace(QColorSpace::DisplayP3));
+        }
+    }
+
+    void onePass_onAPhotoSizedImage_equalsThePlainSteps_data()
+    {
+        QTest::addColumn<int>("turns");
+        QTest::addColumn<bool>("mirror");
+        QTest::newRow("quarter turn, mirrored") << 1 << true;
+        QTest::newRow("three quarters") << 3 << false;
+        QTest::newRow("half turn") << 2 << false;
+    }
+
+    void onePass_onAPhotoSizedImage_equalsThePlainSteps()
+    {
+        QFETCH(int, turns);
+        QFETCH(bool, mirror);
+        // Big enough for the buffers that photos get.
+        const QImage image = noise(QSize(2011, 1503), QImage::Format_RGB32);
+        const QRect cut(5, 3, 1999, 1497);
+
+        const auto onePass = ImageHelpers::cutTurnedAndMirrored(image, cut, turns, mirror, false);
+
+        const QImage expected =
+            image.copy(cut).transformed(QTransform().rotate(90.0 * turns)).mirrored(mirror, false);
+        QVERIFY(onePass);
+        QVERIFY(samePixels(*onePass, expected));
     }
 };
 

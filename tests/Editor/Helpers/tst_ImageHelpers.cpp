@@ -1,6 +1,7 @@
 #include "Editor/Helpers/ImageHelpers.h"
 #include "TestImages.h"
 
+#include <QColorSpace>
 #include <QTest>
 #include <limits>
 
@@ -121,6 +122,19 @@ private slots:
         QCOMPARE(shared.pixel(10, 10), qRgb(255, 0, 0));
         QCOMPARE(image.pixel(10, 10), qRgb(0, 0, 255));
         QCOMPARE(image.pixel(2999, 1999), qRgb(255, 0, 0));
+    }
+
+    void copiesAndResizes_keepTheColourSpace()
+    {
+        QImage source = quadrants(QSize(40, 20));
+        source.setColorSpace(QColorSpace::DisplayP3);
+        QImage halfScale = source;
+        halfScale.setDevicePixelRatio(2.0);
+        const QImage results[] = {
+            *ImageHelpers::redrawnAtScreenScale(source), *ImageHelpers::redrawnAtScreenScale(halfScale),
+            *ImageHelpers::resized(source, QSizeF(30, 30)), ImageHelpers::premultipliedCopy(source)};
+        for (const QImage& result : results)
+            QVERIFY(result.colorSpace() == QColorSpace(QColorSpace::DisplayP3));
     }
 
     void redrawnAtScreenScale_ofNullImage_isEmpty()

@@ -1,6 +1,7 @@
 #include "Editor/ImageSaver/PngEncoder.h"
 #include "TestImages.h"
 
+#include <QColorSpace>
 #include <QRandomGenerator>
 #include <QTest>
 
@@ -65,6 +66,32 @@ private slots:
         const QImage::Format reference = colourType == 6 ? QImage::Format_ARGB32 : QImage::Format_RGB32;
         // Translucent 16-bit pixels lose their low bits to 8-bit PNG, just as in an 8-bit conversion.
         QCOMPARE(decoded.convertToFormat(reference), image.convertToFormat(reference));
+    }
+
+    void colourSpace_travelsWithThePixels_data()
+    {
+        QTest::addColumn<QColorSpace>("space");
+        QTest::newRow("none") << QColorSpace();
+        QTest::newRow("sRGB") << QColorSpace(QColorSpace::SRgb);
+        QTest::newRow("Display P3, as phones shoot") << QColorSpace(QColorSpace::DisplayP3);
+        QTest::newRow("Adobe RGB") << QColorSpace(QColorSpace::AdobeRgb);
+    }
+
+    void colourSpace_travelsWithThePixels()
+    {
+        QFETCH(QColorSpace, space);
+        QImage image = noise(QSize(40, 30), QImage::Format_RGB32, true);
+        image.setColorSpace(space);
+
+        const auto png = encodePng(image);
+        QVERIFY(png);
+        QImage decoded;
+        QVERIFY(decoded.loadFromData(*png, "png"));
+
+        QCOMPARE(decoded.colorSpace().isValid(), space.isValid());
+        if (space.isValid())
+            QVERIFY(decoded.colorSpace() == space);
+        QCOMPARE(decoded.convertToFormat(QImage::Format_RGB32), image.convertToFormat(QImage::Format_RGB32));
     }
 
     void nullImage_encodesToNothing() { QVERIFY(!encodePng(QImage())); }
