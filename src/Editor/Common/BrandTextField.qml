@@ -8,7 +8,7 @@ Rectangle {
     property alias text: input.text
     property string placeholder
 
-    /// Editing ended: "Done", Enter, or the focus went elsewhere.
+    /// "Done" or Enter ended the editing (the keyboard has gone).
     signal done()
 
     implicitWidth: 300
@@ -28,8 +28,10 @@ Rectangle {
         clip: true
         Accessible.role: Accessible.EditableText
         Accessible.name: root.placeholder
-        onAccepted: input.focus = false
-        onActiveFocusChanged: if (!activeFocus) root.done()
+        onAccepted: {
+            input.focus = false
+            root.done()
+        }
 
         Text {
             anchors.fill: parent
@@ -50,11 +52,17 @@ Rectangle {
         font.bold: true
         Accessible.role: Accessible.Button
         Accessible.name: text
-        Accessible.onPressAction: input.focus = false
+        Accessible.onPressAction: {
+            input.focus = false
+            root.done()
+        }
 
         TapHandler {
             margin: 14
-            onTapped: input.focus = false
+            onTapped: {
+                input.focus = false
+                root.done()
+            }
         }
     }
 }

@@ -116,8 +116,7 @@ std::optional<QImage> cutTurnedAndMirrored(const QImage& image, const QRect& pix
     QImage result = newImage(sideways ? QSize(h, w) : QSize(w, h), format);
     if (result.isNull())
         return std::nullopt;
-    result.setDevicePixelRatio(image.devicePixelRatio());
-    result.setColorSpace(image.colorSpace());
+    keepMetadata(result, image);
 
     // Destination pixel (u, v) reads source pixel origin + u·du + v·dv: the cut, the turn and the mirrors
     // composed into one affine walk over whole pixels.

@@ -7,7 +7,9 @@
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
-#ifdef __linux__
+// Transparent huge pages: desktop and embedded Linux; Android leaves them off.
+#if defined(__linux__) && !defined(__ANDROID__)
+#define QUORVANE_HUGE_PAGES 1
 #include <sys/mman.h>
 #endif
 
@@ -33,7 +35,7 @@ constexpr qsizetype kHugePage = 2 * 1024 * 1024;
 
 QImage newImage(QSize size, QImage::Format format)
 {
-#ifdef __linux__
+#ifdef QUORVANE_HUGE_PAGES
     const int depth = QImage::toPixelFormat(format).bitsPerPixel();
     if (size.isEmpty() || depth <= 0 || qreal(size.width()) * size.height() > kMaxPixels)
         return QImage(size, format);
@@ -47,9 +49,12 @@ QImage newImage(QSize size, QImage::Format format)
         return QImage(size, format);
     // Only a hint: without transparent huge pages the buffer is an ordinary one.
     madvise(data, rounded, MADV_HUGEPAGE);
-    return QImage(
+    QImage image(
         static_cast<uchar*>(data), size.width(), size.height(), bytesPerLine, format,
         [](void* buffer) { std::free(buffer); }, data);
+    if (image.isNull())
+        std::free(data);
+    return image;
 #else
     return QImage(size, format);
 #endif
@@ -58,22 +63,38 @@ QImage newImage(QSize size, QImage::Format format)
 QImage premultipliedCopy(const QImage& image)
 {
     const QImage::Format format = image.format();
-    if (format != QImage::Format_RGB32 && format != QImage::Format_ARGB32_Premultiplied) {
-        QImage converted = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
-        // A conversion to the same format shares the pixels: drawing on it would copy them anyway.
-        converted.detach();
-        return converted;
-    }
-    // Opaque 32-bit pixels are already premultiplied: a row copy is the conversion.
+    if (format != QImage::Format_RGB32 && format != QImage::Format_ARGB32_Premultiplied)
+        return image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
     QImage copy = newImage(image.size(), QImage::Format_ARGB32_Premultiplied);
     if (copy.isNull())
         return copy;
-    const auto rowBytes = size_t(image.width()) * 4;
-    for (int y = 0; y < image.height(); ++y)
-        std::memcpy(copy.scanLine(y), image.constScanLine(y), rowBytes);
-    copy.setDevicePixelRatio(image.devicePixelRatio());
-    copy.setColorSpace(image.colorSpace());
+    if (format == QImage::Format_ARGB32_Premultiplied) {
+        const auto rowBytes = size_t(image.width()) * 4;
+        for (int y = 0; y < image.height(); ++y)
+            std::memcpy(copy.scanLine(y), image.constScanLine(y), rowBytes);
+    } else {
+        // Opaque pixels are premultiplied already; only the unused byte of a host's buffer may not say
+        // "opaque".
+        for (int y = 0; y < image.height(); ++y) {
+            const auto* in = reinterpret_cast<const quint32*>(image.constScanLine(y));
+            auto* out = reinterpret_cast<quint32*>(copy.scanLine(y));
+            for (int x = 0; x < image.width(); ++x)
+                out[x] = in[x] | 0xFF000000u;
+        }
+    }
+    keepMetadata(copy, image);
     return copy;
+}
+
+void keepMetadata(QImage& image, const QImage& source)
+{
+    image.setDevicePixelRatio(source.devicePixelRatio());
+    image.setColorSpace(source.colorSpace());
+    image.setDotsPerMeterX(source.dotsPerMeterX());
+    image.setDotsPerMeterY(source.dotsPerMeterY());
+    const QStringList keys = source.textKeys();
+    for (const QString& key : keys)
+        image.setText(key, source.text(key));
 }
 
 qreal screenScale()

@@ -28,6 +28,10 @@ QImage newImage(QSize size, QImage::Format format);
 /// cannot be allocated.
 QImage premultipliedCopy(const QImage& image);
 
+/// Gives \a image the scale, colour space, resolution and text of \a source: what a new buffer holding the
+/// source's pixels must carry along.
+void keepMetadata(QImage& image, const QImage& source);
+
 /// A transparent, non-opaque image of \a points at the screen's scale; null for an empty or absurd size.
 QImage transparentCanvas(QSizeF points);
 

@@ -86,6 +86,10 @@ bool jpegStreamIsComplete(QByteArrayView bytes)
 
 ImageLoadResult loadImageFile(const QString& path, qint64 maxPixels)
 {
+    if (maxPixels < 1)
+        return {std::nullopt, QStringLiteral("No image fits a pixel limit of %1.").arg(maxPixels)};
+    // Far beyond any bitmap, and keeps the byte arithmetic below within range.
+    maxPixels = std::min<qint64>(maxPixels, qint64(1) << 40);
     const QFileInfo info(path);
     if (!info.exists())
         return {std::nullopt, sentence(path, QStringLiteral("does not exist."))};
@@ -103,7 +107,7 @@ ImageLoadResult loadImageFile(const QString& path, qint64 maxPixels)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return {std::nullopt, sentence(path, QStringLiteral("cannot be read: %1.").arg(file.errorString()))};
-    const QByteArray bytes = file.read(maxFileBytes);
+    const QByteArray bytes = file.read(info.size());
     if (bytes.isEmpty())
         return {std::nullopt, sentence(path, QStringLiteral("cannot be read: %1.").arg(file.errorString()))};
 
@@ -142,7 +146,9 @@ ImageLoadResult loadImageFile(const QString& path, qint64 maxPixels)
     // Decoders fill an image of the right size and format that they are handed, so a photo lands straight in
     // a buffer that is cheap to fault in.
     QImage image;
-    if (declared.isValid() && format > int(QImage::Format_Invalid) && format < int(QImage::NImageFormats))
+    // A turned photo is replaced by its upright copy: a buffer for it would go unused.
+    if (declared.isValid() && format > int(QImage::Format_Invalid) && format < int(QImage::NImageFormats) &&
+        reader.transformation() == QImageIOHandler::TransformationNone)
         image = ImageHelpers::newImage(declared, QImage::Format(format));
     if (!reader.read(&image) || image.isNull()) {
         return {std::nullopt,

@@ -102,6 +102,7 @@ private slots:
 
         QImage copy = ImageHelpers::premultipliedCopy(source);
 
+        QVERIFY(copy.constBits() != source.constBits());
         QCOMPARE(copy.format(), QImage::Format_ARGB32_Premultiplied);
         QCOMPARE(copy.size(), size);
         QCOMPARE(copy.devicePixelRatio(), 2.0);
@@ -111,17 +112,41 @@ private slots:
         QCOMPARE(source, before);
     }
 
+    void premultipliedCopy_ofAHostsOpaqueBuffer_isOpaque()
+    {
+        // A host's 32-bit buffer whose unused byte is zero, as camera frames often are.
+        QImage source(2000, 1500, QImage::Format_RGB32);
+        source.fill(0x00336699u);
+        source.setDotsPerMeterX(11811);
+        source.setDotsPerMeterY(11811);
+        source.setText(QStringLiteral("Comment"), QStringLiteral("from the host"));
+
+        const QImage copy = ImageHelpers::premultipliedCopy(source);
+
+        QCOMPARE(copy.pixel(0, 0), qRgba(0x33, 0x66, 0x99, 0xFF));
+        QCOMPARE(copy.pixel(1999, 1499), qRgba(0x33, 0x66, 0x99, 0xFF));
+        QCOMPARE(copy.dotsPerMeterX(), 11811);
+        QCOMPARE(copy.text(QStringLiteral("Comment")), QStringLiteral("from the host"));
+    }
+
     void newImage_isWritableAndSurvivesCopies()
     {
         QImage image = ImageHelpers::newImage(QSize(3000, 2000), QImage::Format_ARGB32_Premultiplied);
         QVERIFY(!image.isNull());
         QCOMPARE(image.bytesPerLine(), 3000 * 4);
+#if defined(__linux__) && !defined(__ANDROID__)
+        // Laid where a huge page can hold it.
+        QCOMPARE(quintptr(image.constBits()) % (2 * 1024 * 1024), quintptr(0));
+#endif
         image.fill(Qt::red);
         const QImage shared = image;
         image.setPixel(10, 10, qRgb(0, 0, 255));
         QCOMPARE(shared.pixel(10, 10), qRgb(255, 0, 0));
         QCOMPARE(image.pixel(10, 10), qRgb(0, 0, 255));
         QCOMPARE(image.pixel(2999, 1999), qRgb(255, 0, 0));
+        // A copy outlives the image it was taken from.
+        image = QImage();
+        QCOMPARE(shared.pixel(2999, 1999), qRgb(255, 0, 0));
     }
 
     void copiesAndResizes_keepTheColourSpace()

@@ -2,9 +2,12 @@
 #include "TestImages.h"
 
 #include <QBuffer>
+#include <QFile>
+#include <QImageReader>
 #include <QImageWriter>
 #include <QTemporaryDir>
 #include <QTest>
+#include <limits>
 
 using namespace TestImages;
 
@@ -88,6 +91,39 @@ private slots:
         QCOMPARE(loaded.image->size(), QSize(4224, 3168));
     }
 
+    void largeFiles_decodeAsAPlainReaderDoes_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        // Photo-sized, so that each lands in a buffer of the loader's own.
+        const QImage big = quadrants(QSize(2100, 2000));
+        QTest::newRow("real photo") << [] {
+            QFile file(photoPath());
+            return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+        }();
+        QTest::newRow("grey jpeg") << encode(big.convertToFormat(QImage::Format_Grayscale8), "jpeg", 90);
+        QTest::newRow("palette png") << encode(
+            big.convertToFormat(QImage::Format_Indexed8,
+                                {qRgb(255, 0, 0), qRgb(0, 255, 0), qRgb(0, 0, 255), qRgb(255, 255, 255)}),
+            "png");
+        QTest::newRow("16-bit png") << encode(big.convertToFormat(QImage::Format_RGBA64), "png");
+        QTest::newRow("turned jpeg") << withExifOrientation(encode(big, "jpeg", 90), 6);
+    }
+
+    void largeFiles_decodeAsAPlainReaderDoes()
+    {
+        QFETCH(QByteArray, bytes);
+        const QString path = write(QStringLiteral("large.img"), bytes);
+
+        const ImageLoadResult loaded = loadImageFile(path, 100'000'000);
+
+        QVERIFY2(loaded.image, qPrintable(loaded.failure));
+        QImageReader plain(path);
+        plain.setAutoTransform(true);
+        const QImage expected = plain.read();
+        QCOMPARE(loaded.image->format(), expected.format());
+        QVERIFY(*loaded.image == expected);
+    }
+
     void badFiles_yieldNoImageAndAReason_data()
     {
         QTest::addColumn<QByteArray>("bytes");
@@ -146,6 +182,9 @@ private slots:
         QTest::newRow("below the image") << qint64(100 * 100 - 1) << false;
         QTest::newRow("exactly the image") << qint64(100 * 100) << true;
         QTest::newRow("default") << qint64(100'000'000) << true;
+        QTest::newRow("none at all") << qint64(0) << false;
+        QTest::newRow("negative") << qint64(-5) << false;
+        QTest::newRow("as large as can be") << std::numeric_limits<qint64>::max() << true;
     }
 
     void pixelLimit_isTheHosts()
