@@ -3,6 +3,7 @@
 #include "Editor/Common/BrandColor.h"
 #include "Editor/Helpers/ImageHelpers.h"
 
+#include <QColorSpace>
 #include <QMetaEnum>
 #include <QPainter>
 #include <QPainterPath>
@@ -11,6 +12,19 @@
 #include <limits>
 
 namespace {
+
+// Swatch colours and text are chosen in sRGB: on a photo of a wider gamut they are converted, so the saved
+// file shows the colour the user picked rather than a more saturated one.
+QImage inColourSpace(const QImage& overlay, const QColorSpace& space)
+{
+    if (!space.isValid() || space == QColorSpace(QColorSpace::SRgb))
+        return overlay;
+    QImage converted = overlay;
+    if (!converted.colorSpace().isValid())
+        converted.setColorSpace(QColorSpace::SRgb);
+    converted.convertToColorSpace(space);
+    return converted;
+}
 
 qreal aspectRatio(QSizeF size)
 {
@@ -288,6 +302,7 @@ std::optional<QImage> CanvasViewModel::mergeDrawings()
         return std::nullopt;
     const QSizeF base = m_image.deviceIndependentSize();
     const QSizeF frame = m_imageFrameSize;
+    const QColorSpace space = m_image.colorSpace();
     if (!frame.isEmpty()) {
         QPainter painter(&canvas);
         painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
@@ -303,7 +318,7 @@ std::optional<QImage> CanvasViewModel::mergeDrawings()
             painter.rotate(item->rotationAngle().degrees());
             painter.scale(item->magnification(), item->magnification());
             painter.translate(-centre);
-            painter.drawImage(QRectF(x, y, w, h), item->image());
+            painter.drawImage(QRectF(x, y, w, h), inColourSpace(item->image(), space));
             painter.restore();
         }
     }

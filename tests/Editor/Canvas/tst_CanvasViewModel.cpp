@@ -1,5 +1,6 @@
 #include "Editor/Canvas/CanvasViewModel.h"
 
+#include <QColorSpace>
 #include <QSignalSpy>
 #include <QTemporaryFile>
 #include <QTest>
@@ -428,6 +429,36 @@ private slots:
         QVERIFY(model->lineImages().isEmpty());
         QCOMPARE(model->previousStateCount(), 1);
         QVERIFY(!model->mergeDrawings());
+    }
+
+    void mergeDrawings_keepsThePickedColourOnAWideGamutPhoto_data()
+    {
+        QTest::addColumn<QColorSpace>("space");
+        QTest::addColumn<QColor>("expected");
+        QTest::newRow("untagged") << QColorSpace() << QColor(255, 0, 0);
+        QTest::newRow("sRGB") << QColorSpace(QColorSpace::SRgb) << QColor(255, 0, 0);
+        // sRGB's red lies well inside Display P3: less red, some green and blue.
+        QTest::newRow("Display P3") << QColorSpace(QColorSpace::DisplayP3) << QColor(234, 51, 35);
+    }
+
+    void mergeDrawings_keepsThePickedColourOnAWideGamutPhoto()
+    {
+        QFETCH(QColorSpace, space);
+        QFETCH(QColor, expected);
+        QImage photo = solid(QSize(400, 300), Qt::black);
+        photo.setColorSpace(space);
+        CanvasViewModel model(photo);
+        model.setupScreenSize(QSizeF(400, 300));
+        model.addText(solid(QSize(40, 30), Qt::red));
+
+        const auto merged = model.mergeDrawings();
+
+        QVERIFY(merged);
+        QCOMPARE(merged->colorSpace().isValid(), space.isValid());
+        const QColor drawn = merged->pixelColor(200, 150);
+        QVERIFY2(qAbs(drawn.red() - expected.red()) <= 3 && qAbs(drawn.green() - expected.green()) <= 3 &&
+                     qAbs(drawn.blue() - expected.blue()) <= 3,
+                 qPrintable(drawn.name()));
     }
 
     void mergeDrawings_turnsAndScalesAboutTheItemsCentre()
