@@ -185,6 +185,8 @@ private slots:
             << QStringList{"edit", file("photo.png"), "--format", "jpg:101"} << 64 << "--format" << QString();
         QTest::newRow("unknown option") << QStringList{"edit", file("photo.png"), "--sharpen", "2"} << 64
                                         << "Unknown option" << QString();
+        QTest::newRow("unknown option last") << QStringList{"edit", file("photo.png"), "--sharpen"} << 64
+                                             << "Unknown option --sharpen" << QString();
     }
 
     void failures_exitWithTheirCodeAndWriteNothing()

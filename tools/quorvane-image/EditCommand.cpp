@@ -95,7 +95,9 @@ std::variant<EditOptions, UsageError> parseEditCommand(const QStringList& argume
             continue;
         }
         const bool isOption = argument.startsWith(u"--");
-        if (isOption && i + 1 >= arguments.size())
+        const bool takesValue = argument == u"--crop" || argument == u"--rotate" || argument == u"--resize" ||
+                                argument == u"--format" || argument == u"--output";
+        if (takesValue && i + 1 >= arguments.size())
             return UsageError{QStringLiteral("%1 needs a value.").arg(argument)};
         if (argument == u"--crop") {
             options.crop = parseRect(arguments[++i]);

@@ -75,10 +75,11 @@ QImage premultipliedCopy(const QImage& image)
     } else {
         // Opaque pixels are premultiplied already; only the unused byte of a host's buffer may not say
         // "opaque".
+        const int width = image.width();
         for (int y = 0; y < image.height(); ++y) {
             const auto* in = reinterpret_cast<const quint32*>(image.constScanLine(y));
             auto* out = reinterpret_cast<quint32*>(copy.scanLine(y));
-            for (int x = 0; x < image.width(); ++x)
+            for (int x = 0; x < width; ++x)
                 out[x] = in[x] | 0xFF000000u;
         }
     }
