@@ -1,5 +1,5 @@
 // The demo host: opens the editor full screen on a photo and shows what came back.
-//   quorvane-demo [IMAGE] [--screenshot FILE] [--size WxH] [--page crop|canvas|move]
+//   quorvane-demo [IMAGE] [--screenshot FILE] [--size WxH] [--page crop|canvas|move|text]
 #include "Editor/QuorvaneSdkImageEditorPreset.h"
 #include "Editor/QuorvaneSdkImageEditorViewModel.h"
 
@@ -93,9 +93,11 @@ int main(int argc, char* argv[])
         auto* session = window->findChild<QuorvaneSdkImageEditorViewModel*>();
         if (ImageEditorViewModel* editor = session ? session->editor() : nullptr) {
             // "move" is the draw page with its sample drawing and the text picked up by the move tool.
+            // "text" is the draw page with its sample drawing and the text entry open.
             const bool move = options.page == u"move";
-            editor->navigate(move ? QStringLiteral("canvas") : options.page);
-            QTimer::singleShot(300, editor, [editor, move] {
+            const bool typing = options.page == u"text";
+            editor->navigate(move || typing ? QStringLiteral("canvas") : options.page);
+            QTimer::singleShot(300, editor, [editor, move, typing] {
                 if (CanvasViewModel* canvas = editor->canvas()) {
                     const QSizeF frame = canvas->imageFrameSize();
                     for (int step = 0; step <= 40; ++step)
@@ -111,6 +113,8 @@ int main(int argc, char* argv[])
                         canvas->enableMove();
                         canvas->handleTap(canvas->lineImages().last());
                     }
+                    if (typing)
+                        canvas->enableText();
                 }
                 if (CropperViewModel* cropper = editor->cropper()) {
                     for (int step = 1; step <= 8; ++step)
