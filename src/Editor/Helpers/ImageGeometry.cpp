@@ -2,7 +2,6 @@
 
 #include "ImageHelpers.h"
 
-#include <QColorSpace>
 #include <QPainter>
 #include <QTransform>
 #include <cmath>
@@ -61,16 +60,14 @@ std::optional<QImage> rotate(const QImage& image, double radians)
                                 (turned.height() - canvasPixels.height()) / 2);
             turned = turned.copy(QRect(offset, canvasPixels));
         }
-        turned.setDevicePixelRatio(scale);
-        turned.setColorSpace(image.colorSpace());
+        keepMetadata(turned, image);
         return turned;
     }
 
     QImage canvas(canvasPixels, QImage::Format_ARGB32_Premultiplied);
     if (canvas.isNull())
         return std::nullopt;
-    canvas.setDevicePixelRatio(scale);
-    canvas.setColorSpace(image.colorSpace());
+    keepMetadata(canvas, image);
     canvas.fill(Qt::transparent);
     QPainter painter(&canvas);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
@@ -86,8 +83,7 @@ std::optional<QImage> horizontallyFlipped(const QImage& image)
     if (image.isNull())
         return std::nullopt;
     QImage flipped = image.mirrored(true, false);
-    flipped.setDevicePixelRatio(image.devicePixelRatio());
-    flipped.setColorSpace(image.colorSpace());
+    keepMetadata(flipped, image);
     return flipped;
 }
 
@@ -96,8 +92,7 @@ std::optional<QImage> verticallyFlipped(const QImage& image)
     if (image.isNull())
         return std::nullopt;
     QImage flipped = image.mirrored(false, true);
-    flipped.setDevicePixelRatio(image.devicePixelRatio());
-    flipped.setColorSpace(image.colorSpace());
+    keepMetadata(flipped, image);
     return flipped;
 }
 

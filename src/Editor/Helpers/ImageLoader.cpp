@@ -144,9 +144,8 @@ ImageLoadResult loadImageFile(const QString& path, qint64 maxPixels)
         return {std::nullopt, sentence(path, QStringLiteral("is a truncated or damaged JPEG file."))};
 
     // Decoders fill an image of the right size and format that they are handed, so a photo lands straight in
-    // a buffer that is cheap to fault in.
+    // a buffer that is cheap to fault in; a turned photo is replaced by its upright copy, so it gets none.
     QImage image;
-    // A turned photo is replaced by its upright copy: a buffer for it would go unused.
     if (declared.isValid() && format > int(QImage::Format_Invalid) && format < int(QImage::NImageFormats) &&
         reader.transformation() == QImageIOHandler::TransformationNone)
         image = ImageHelpers::newImage(declared, QImage::Format(format));
