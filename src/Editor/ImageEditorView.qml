@@ -10,6 +10,8 @@ Rectangle {
     property real bottomInset: 0
 
     color: "black"
+    // Once the editor has answered, the host takes it away: until then nothing in it acts.
+    enabled: !root.viewModel.hasReturned
 
     Item {
         id: basePage
@@ -103,6 +105,7 @@ Rectangle {
             anchors.top: topBar.bottom
             anchors.bottom: tabBar.top
             anchors.margins: 8
+            showsTransparency: true
             image: root.viewModel.image
             Accessible.role: Accessible.Graphic
             Accessible.name: qsTr("Picture being edited")
@@ -170,10 +173,12 @@ Rectangle {
         onLoaded: pageSpring.restart()
     }
 
+    // The spring moves the loader, which outlives every page it shows: a page closed mid-spring takes
+    // nothing down with it.
     SpringAnimation {
         id: pageSpring
         objectName: "pageSpring"
-        target: toolPage.item
+        target: toolPage
         property: "scale"
         from: 0.9
         to: 1

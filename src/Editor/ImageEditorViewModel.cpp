@@ -26,7 +26,8 @@ ImageEditorViewModel::ImageEditorViewModel(QImage image, QObject* parent)
 
 void ImageEditorViewModel::navigate(Page page)
 {
-    if (page == m_page)
+    // Once the result is handed back no tool opens: the host is about to take the editor away.
+    if (page == m_page || (m_hasReturned && page != Page::base))
         return;
     // Each tool page's model lives while its page is shown. It may be the caller, handing back its result:
     // it is deleted once it has returned.
@@ -68,6 +69,8 @@ void ImageEditorViewModel::addNewImageVerion(std::optional<QImage> image)
 
 void ImageEditorViewModel::restoreLastImageVersion()
 {
+    if (m_hasReturned)
+        return;
     auto last = getLastImageVersion();
     if (!last)
         return;
@@ -82,6 +85,7 @@ void ImageEditorViewModel::leave(std::optional<QImage> image)
     if (m_hasReturned)
         return;
     m_hasReturned = true;
+    emit hasReturnedChanged();
     emit returnAction(std::move(image));
 }
 

@@ -29,6 +29,8 @@ class ImageEditorViewModel : public QObject
     Q_PROPERTY(CropperViewModel* cropper READ cropper NOTIFY pageChanged)
     /// The canvas page's model while the canvas page is shown, else null.
     Q_PROPERTY(CanvasViewModel* canvas READ canvas NOTIFY pageChanged)
+    /// The editor has handed back its result; from then on it takes no more edits.
+    Q_PROPERTY(bool hasReturned READ hasReturned NOTIFY hasReturnedChanged)
 
 public:
     enum class Page { base, crop, canvas, filters, adjust };
@@ -48,6 +50,7 @@ public:
     QString pageName() const { return rawValue(m_page); }
     CropperViewModel* cropper() const { return m_cropper; }
     CanvasViewModel* canvas() const { return m_canvas; }
+    bool hasReturned() const { return m_hasReturned; }
 
     void navigate(Page page);
     /// navigate() for screens, by raw value; other texts are ignored.
@@ -58,7 +61,8 @@ public:
     void addNewImageVerion(std::optional<QImage> image);
     /// Leaves the tool page shown without a change.
     Q_INVOKABLE void leaveToolPage() { addNewImageVerion(std::nullopt); }
-    /// Undo: the previous version becomes current again. Nothing without one.
+    /// Undo: the previous version becomes current again. Nothing without one, or once the editor has
+    /// returned.
     Q_INVOKABLE void restoreLastImageVersion();
 
     /// The close button: leaves the editor without an image. The editor is left once; later calls do nothing.
@@ -70,6 +74,7 @@ signals:
     void imageChanged();
     void previousImageVersionsChanged();
     void pageChanged();
+    void hasReturnedChanged();
     /// The editor is left, with the image to deliver or without one.
     void returnAction(std::optional<QImage> image);
 

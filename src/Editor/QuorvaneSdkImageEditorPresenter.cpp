@@ -1,8 +1,10 @@
 #include "QuorvaneSdkImageEditorPresenter.h"
 
+#include <QGuiApplication>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickView>
+#include <QScreen>
 
 namespace {
 
@@ -55,6 +57,13 @@ presentQuorvaneSdkImageEditorView(const QuorvaneSdkImageEditorPreset& preset,
     auto* relay = new CompletionRelay(view, std::move(onComplete));
     QObject::connect(view->rootObject(), SIGNAL(completion(QuorvaneSdkImageEditorResult)), relay,
                      SLOT(completed(QuorvaneSdkImageEditorResult)));
+    // Without a window manager that honours full screen (embedded devices, kiosks) the request alone leaves
+    // the window at its default size: ask for the screen's whole area as well.
+    QScreen* screen = transientParent ? transientParent->screen() : QGuiApplication::primaryScreen();
+    if (screen) {
+        view->setScreen(screen);
+        view->setGeometry(screen->geometry());
+    }
     view->showFullScreen();
     return view;
 }

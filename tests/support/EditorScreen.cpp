@@ -24,6 +24,10 @@ EditorScreen::EditorScreen(const QuorvaneSdkImageEditorPreset& preset, QSize siz
     QObject* root = m_view.rootObject();
     if (!QTest::qWaitForWindowExposed(&m_view) || !root)
         qFatal("the editor screen did not load: %s", qPrintable(m_view.errors().value(0).toString()));
+    // Keys go to the active window; an X server without a window manager activates none by itself.
+    m_view.requestActivate();
+    if (!QTest::qWaitForWindowActive(&m_view))
+        qFatal("the editor screen did not become the active window");
     const QMetaObject* meta = root->metaObject();
     m_completions = std::make_unique<QSignalSpy>(
         root, meta->method(meta->indexOfSignal(
@@ -71,8 +75,15 @@ void EditorScreen::tap(const QQuickItem* item)
 {
     // Rows place a button that just appeared only when they are polished: aim after that, as a person would.
     QQuickTest::qWaitForPolish(&m_view);
-    const QPointF centre = item->mapToScene(QPointF(item->width() / 2, item->height() / 2));
-    QTest::mouseClick(&m_view, Qt::LeftButton, {}, centre.toPoint());
+    tap(item, QPointF(item->width() / 2, item->height() / 2));
+}
+
+void EditorScreen::tap(const QQuickItem* item, QPointF point)
+{
+    QQuickTest::qWaitForPolish(&m_view);
+    const QPoint at = item->mapToScene(point).toPoint();
+    QTest::touchEvent(&m_view, m_touch).press(0, at);
+    QTest::touchEvent(&m_view, m_touch).release(0, at);
 }
 
 void EditorScreen::drag(const QQuickItem* item, QPointF from, QPointF to)
@@ -92,9 +103,10 @@ void EditorScreen::touchDrag(const QQuickItem* item, QPointF from, QPointF to)
 {
     QQuickTest::qWaitForPolish(&m_view);
     QTest::touchEvent(&m_view, m_touch).press(0, item->mapToScene(from).toPoint());
-    constexpr int kSteps = 12;
-    for (int step = 1; step <= kSteps; ++step) {
-        const QPointF local = from + (to - from) * (qreal(step) / kSteps);
+    // A finger reports a move every few points; the first beyond the drag threshold is not delivered.
+    const int steps = std::max(12, int(QLineF(from, to).length() / 4));
+    for (int step = 1; step <= steps; ++step) {
+        const QPointF local = from + (to - from) * (qreal(step) / steps);
         QTest::touchEvent(&m_view, m_touch).move(0, item->mapToScene(local).toPoint());
         QTest::qWait(5);
     }
@@ -132,9 +144,14 @@ bool EditorScreen::waitForToolPage()
     // The spring starts with the next animation tick, not at once: wait for it to start, then to settle.
     const bool started = QTest::qWaitFor([&] { return spring && spring->property("running").toBool(); }, 500);
     return QTest::qWaitFor([&] {
-        const auto* page = loader ? loader->childItems().value(0) : nullptr;
-        return started && page && !spring->property("running").toBool() && page->scale() == 1.0;
+        return started && toolPage() && !spring->property("running").toBool() && loader->scale() == 1.0;
     });
+}
+
+QQuickItem* EditorScreen::toolPage() const
+{
+    const QQuickItem* loader = find("toolPage");
+    return loader ? loader->childItems().value(0) : nullptr;
 }
 
 QuorvaneSdkImageEditorResult EditorScreen::completion(int index) const

@@ -25,11 +25,14 @@ public:
     /// Whether the item exists and a person could see it (itself and every ancestor visible and opaque).
     bool isShown(const char* objectName) const;
 
+    /// A finger taps the item's centre.
     void tap(const char* objectName);
     void tap(const QQuickItem* item);
+    /// A finger taps \a point in the item's own coordinates.
+    void tap(const QQuickItem* item, QPointF point);
     /// A one-finger drag on \a item from \a from to \a to, in the item's own coordinates, in small steps.
     void drag(const QQuickItem* item, QPointF from, QPointF to);
-    /// The same drag made by a finger on the touch screen.
+    /// The same drag made by a finger on the touch screen, in steps of at most 4 points.
     void touchDrag(const QQuickItem* item, QPointF from, QPointF to);
     /// Two fingers on \a item, placed \a spread apart either side of \a centre (item coordinates), turned by
     /// \a degrees and spread \a scale times further in small steps, then lifted.
@@ -38,6 +41,8 @@ public:
 
     /// Waits until the tool page has sprung into place.
     bool waitForToolPage();
+    /// The tool page shown, or null on the base page.
+    QQuickItem* toolPage() const;
 
     int completionCount() const { return int(m_completions->count()); }
     QuorvaneSdkImageEditorResult completion(int index) const;

@@ -44,7 +44,9 @@ Rectangle {
                 anchors.left: parent.left
                 anchors.leftMargin: 12
                 anchors.verticalCenter: parent.verticalCenter
-                visible: root.viewModel.hasPreviousStates
+                // Kept in its place while hidden, as the move button is.
+                opacity: root.viewModel.hasPreviousStates ? 1 : 0
+                enabled: root.viewModel.hasPreviousStates
                 icon: BrandImage.undo
                 accessibleName: qsTr("Undo")
                 onClicked: root.viewModel.undoLastAction()
@@ -71,7 +73,9 @@ Rectangle {
                 }
                 CircularButton {
                     objectName: "moveButton"
-                    visible: root.viewModel.hasPreviousStates
+                    // Its slot is kept while it is hidden, so the draw and text buttons never move.
+                    opacity: root.viewModel.hasPreviousStates ? 1 : 0
+                    enabled: root.viewModel.hasPreviousStates
                     icon: BrandImage.move
                     tint: root.viewModel.selectedOption === "transform" ? BrandColor.ambar : BrandColor.gray
                     accessibleName: qsTr("Move")
@@ -95,12 +99,14 @@ Rectangle {
                 objectName: "canvasFrame"
 
                 anchors.centerIn: parent
-                width: root.viewModel.imageFrameSize.width
-                height: root.viewModel.imageFrameSize.height
+                // A sliver of a picture still gets a point across.
+                width: Math.max(1, root.viewModel.imageFrameSize.width)
+                height: Math.max(1, root.viewModel.imageFrameSize.height)
                 clip: true
 
                 ImagePreview {
                     anchors.fill: parent
+                    showsTransparency: true
                     image: root.viewModel.image
                 }
                 Repeater {
@@ -143,6 +149,7 @@ Rectangle {
                     width: parent.width
                     colors: root.viewModel.colorItems
                     selectedColor: root.viewModel.selectedColor
+                    selectedIndex: root.viewModel.colorIndex(root.viewModel.selectedColor)
                     onChosen: (color) => root.viewModel.setColorFromPicker(color)
                 }
             }

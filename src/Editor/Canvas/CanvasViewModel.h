@@ -107,6 +107,8 @@ public:
     /// Ends text entry and adds \a image centred as an item; none adds nothing.
     void addText(std::optional<QImage> image);
     static QList<QColor> colorItems();
+    /// The place of \a color among colorItems(), -1 when it is none of them.
+    Q_INVOKABLE static int colorIndex(const QColor& color) { return int(colorItems().indexOf(color)); }
     /// The text screen's confirm button: adds the rendered text, or nothing for an empty text.
     Q_INVOKABLE void confirmText(TextImageViewModel* text);
     /// Leaves text entry without adding anything.

@@ -1,53 +1,79 @@
 import QtQuick
 
-// A row of colour swatches; the chosen one wears a ring.
-Flickable {
+// A row of colour swatches; the chosen one wears a ring. It opens with the chosen swatch in view, and a fade
+// at an edge tells that more swatches lie beyond it.
+ListView {
     id: root
 
     property var colors
     property color selectedColor
+    /// The chosen swatch's place in `colors`, -1 for none.
+    property int selectedIndex: -1
 
     signal chosen(color color)
 
     implicitHeight: 44
-    contentWidth: swatches.width
+    orientation: ListView.Horizontal
+    spacing: 6
+    leftMargin: 12
+    rightMargin: 12
     clip: true
+    model: root.colors
+    // The view keeps the current swatch in sight.
+    currentIndex: root.selectedIndex
+    highlightMoveDuration: 0
+    boundsBehavior: Flickable.StopAtBounds
 
-    Row {
-        id: swatches
-        spacing: 6
-        leftPadding: 12
-        rightPadding: 12
+    delegate: Rectangle {
+        required property color modelData
+        required property int index
+        objectName: "swatch" + index
+        width: 44
+        height: 44
+        radius: 22
+        color: "transparent"
+        border.color: Qt.colorEqual(modelData, root.selectedColor) ? "white" : "transparent"
+        border.width: 3
+        Accessible.role: Accessible.Button
+        Accessible.name: qsTr("Colour %1").arg(index + 1)
+        Accessible.onPressAction: root.chosen(modelData)
 
-        Repeater {
-            model: root.colors
-            Rectangle {
-                required property color modelData
-                required property int index
-                objectName: "swatch" + index
-                width: 44
-                height: 44
-                radius: 22
-                color: "transparent"
-                border.color: Qt.colorEqual(modelData, root.selectedColor) ? "white" : "transparent"
-                border.width: 3
-                Accessible.role: Accessible.Button
-                Accessible.name: qsTr("Colour %1").arg(index + 1)
-                Accessible.onPressAction: root.chosen(modelData)
+        Rectangle {
+            anchors.centerIn: parent
+            width: 32
+            height: 32
+            radius: 16
+            color: parent.modelData
+            border.color: "#8e8e93"
+            border.width: 1
+        }
+        TapHandler {
+            onTapped: root.chosen(parent.modelData)
+        }
+    }
 
-                Rectangle {
-                    anchors.centerIn: parent
-                    width: 32
-                    height: 32
-                    radius: 16
-                    color: parent.modelData
-                    border.color: "#8e8e93"
-                    border.width: 1
-                }
-                TapHandler {
-                    onTapped: root.chosen(parent.modelData)
-                }
-            }
+    Rectangle {
+        objectName: "moreSwatchesBefore"
+        anchors.left: parent.left
+        width: 28
+        height: parent.height
+        visible: !root.atXBeginning
+        gradient: Gradient {
+            orientation: Gradient.Horizontal
+            GradientStop { position: 0; color: "black" }
+            GradientStop { position: 1; color: "transparent" }
+        }
+    }
+    Rectangle {
+        objectName: "moreSwatchesAfter"
+        anchors.right: parent.right
+        width: 28
+        height: parent.height
+        visible: !root.atXEnd
+        gradient: Gradient {
+            orientation: Gradient.Horizontal
+            GradientStop { position: 0; color: "transparent" }
+            GradientStop { position: 1; color: "black" }
         }
     }
 }

@@ -2,7 +2,8 @@ import QtQuick
 import QtQuick.Shapes
 import Quorvane.SdkImage
 
-// One finger draws: every move adds a point inside the frame; lifting the finger ends the stroke.
+// One finger draws: the stroke starts where it goes down, every move adds a point inside the frame, and
+// lifting it ends the stroke.
 Item {
     id: root
 
@@ -23,6 +24,7 @@ Item {
         objectName: "drawingSurface"
         anchors.fill: parent
         preventStealing: true
+        onPressed: (mouse) => root.viewModel.handleNewPoint(Qt.point(mouse.x, mouse.y), Qt.size(width, height))
         onPositionChanged: (mouse) => root.viewModel.handleNewPoint(Qt.point(mouse.x, mouse.y),
                                                                     Qt.size(width, height))
         onReleased: (mouse) => root.viewModel.addFinalPoint(Qt.point(mouse.x, mouse.y), Qt.size(width, height))

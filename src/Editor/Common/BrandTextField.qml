@@ -7,6 +7,8 @@ Rectangle {
 
     property alias text: input.text
     property string placeholder
+    /// Takes the focus and raises the keyboard as soon as it is shown.
+    property bool editsOnOpen: false
 
     /// "Done" or Enter ended the editing (the keyboard has gone).
     signal done()
@@ -15,6 +17,12 @@ Rectangle {
     implicitHeight: 44
     radius: 8
     color: "#2c2c2e"
+    Component.onCompleted: {
+        if (!root.editsOnOpen)
+            return
+        input.forceActiveFocus()
+        Qt.inputMethod.show()
+    }
 
     TextInput {
         id: input

@@ -17,7 +17,8 @@ Item {
     implicitHeight: 44
     Accessible.role: Accessible.Button
     Accessible.name: root.accessibleName
-    Accessible.onPressAction: root.clicked()
+    Accessible.ignored: !root.enabled
+    Accessible.onPressAction: if (root.enabled) root.clicked()
 
     Rectangle {
         anchors.centerIn: parent

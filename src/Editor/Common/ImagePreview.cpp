@@ -1,9 +1,29 @@
 #include "ImagePreview.h"
 
+#include <QPainter>
 #include <QQuickWindow>
 #include <QSGImageNode>
 #include <QSGTexture>
 #include <cmath>
+
+namespace {
+
+// The image over light and dark grey squares of \a cell pixels.
+QImage overCheckerboard(const QImage& image, int cell)
+{
+    QImage board(image.size(), QImage::Format_ARGB32_Premultiplied);
+    board.setDevicePixelRatio(image.devicePixelRatio());
+    QPainter painter(&board);
+    painter.fillRect(QRect(QPoint(0, 0), image.size()), QColor(0xcc, 0xcc, 0xcc));
+    for (int y = 0; y < image.height(); y += cell) {
+        for (int x = (y / cell) % 2 * cell; x < image.width(); x += 2 * cell)
+            painter.fillRect(QRect(x, y, cell, cell), QColor(0x99, 0x99, 0x99));
+    }
+    painter.drawImage(QRectF(QPointF(0, 0), image.deviceIndependentSize()), image);
+    return board;
+}
+
+} // namespace
 
 ImagePreview::ImagePreview(QQuickItem* parent)
     : QQuickItem(parent)
@@ -11,11 +31,22 @@ ImagePreview::ImagePreview(QQuickItem* parent)
     setFlag(ItemHasContents, true);
 }
 
+void ImagePreview::setShowsTransparency(bool shows)
+{
+    if (shows == m_showsTransparency)
+        return;
+    m_showsTransparency = shows;
+    m_previewDirty = true;
+    update();
+    emit showsTransparencyChanged();
+}
+
 void ImagePreview::setImage(const QImage& image)
 {
     if (image == m_image)
         return;
     m_image = image;
+    setImplicitSize(image.deviceIndependentSize().width(), image.deviceIndependentSize().height());
     m_reduced = QImage();
     m_previewDirty = true;
     updatePaintedRect();
@@ -37,7 +68,11 @@ void ImagePreview::updatePaintedRect()
 {
     QRectF rect;
     if (!m_image.isNull() && width() > 0 && height() > 0) {
-        const QSizeF fitted = m_image.deviceIndependentSize().scaled(size(), Qt::KeepAspectRatio);
+        // A sliver of a picture (4000 × 1) would be fitted to a fraction of a point, which nobody sees.
+        const QSizeF fitted = m_image.deviceIndependentSize()
+                                  .scaled(size(), Qt::KeepAspectRatio)
+                                  .expandedTo(QSizeF(1, 1))
+                                  .boundedTo(QSizeF(std::max(width(), 1.0), std::max(height(), 1.0)));
         rect = QRectF(QPointF((width() - fitted.width()) / 2, (height() - fitted.height()) / 2), fitted);
     }
     if (rect != m_paintedRect) {
@@ -58,8 +93,10 @@ const QImage& ImagePreview::reducedSource(QSize target)
         const int side = qMax(qMax(target.width(), target.height()),
                               int(std::ceil(qMax(window()->width(), window()->height()) * dpr))) +
                          2;
+        // Never to nothing: a sliver keeps a pixel across.
+        const QSize reduced = m_image.size().scaled(side, side, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
         m_reduced = m_image.width() > side || m_image.height() > side
-                        ? m_image.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation)
+                        ? m_image.scaled(reduced, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
                         : m_image;
     }
     return m_reduced;
@@ -87,6 +124,8 @@ QSGNode* ImagePreview::updatePaintNode(QSGNode* oldNode, UpdatePaintNodeData*)
         m_preview = target.width() < source.width() || target.height() < source.height()
                         ? source.scaled(target, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
                         : source;
+        if (m_showsTransparency && m_preview.hasAlphaChannel())
+            m_preview = overCheckerboard(m_preview, qMax(1, qRound(8 * dpr)));
         node->setTexture(window()->createTextureFromImage(m_preview));
         m_previewDirty = false;
     }

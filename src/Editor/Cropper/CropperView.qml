@@ -95,8 +95,9 @@ Rectangle {
             objectName: "cropFrame"
 
             anchors.centerIn: parent
-            width: root.viewModel.imageFrameSize.width
-            height: root.viewModel.imageFrameSize.height
+            // A sliver of a picture still gets a point across.
+            width: Math.max(1, root.viewModel.imageFrameSize.width)
+            height: Math.max(1, root.viewModel.imageFrameSize.height)
             transform: [
                 Scale {
                     origin.x: frame.width / 2
@@ -113,6 +114,7 @@ Rectangle {
 
             ImagePreview {
                 anchors.fill: parent
+                showsTransparency: true
                 image: root.viewModel.currentImage
             }
             Rectangle {
@@ -154,13 +156,58 @@ Rectangle {
                 color: "transparent"
                 border.color: root.viewModel.cropBorderColor
                 border.width: 2
+
+                // Corner marks and edge handles show where a finger can take hold of the frame.
+                Repeater {
+                    model: [Qt.point(0, 0), Qt.point(1, 0), Qt.point(0, 1), Qt.point(1, 1)]
+                    Item {
+                        required property point modelData
+                        required property int index
+                        objectName: "cropCorner" + index
+                        x: modelData.x * (cropBorder.width - width)
+                        y: modelData.y * (cropBorder.height - height)
+                        width: Math.min(20, cropBorder.width / 2)
+                        height: Math.min(20, cropBorder.height / 2)
+
+                        Rectangle {
+                            x: parent.modelData.x * (parent.width - width)
+                            width: parent.width
+                            height: 4
+                            y: parent.modelData.y * (parent.height - height)
+                            color: root.viewModel.cropBorderColor
+                        }
+                        Rectangle {
+                            x: parent.modelData.x * (parent.width - width)
+                            y: parent.modelData.y * (parent.height - height)
+                            width: 4
+                            height: parent.height
+                            color: root.viewModel.cropBorderColor
+                        }
+                    }
+                }
+                Repeater {
+                    model: [Qt.point(0.5, 0), Qt.point(0, 0.5), Qt.point(1, 0.5), Qt.point(0.5, 1)]
+                    Rectangle {
+                        required property point modelData
+                        required property int index
+                        objectName: "cropEdgeHandle" + index
+                        readonly property bool across: modelData.y === 0.5
+                        width: across ? 4 : Math.min(24, cropBorder.width / 3)
+                        height: across ? Math.min(24, cropBorder.height / 3) : 4
+                        x: modelData.x * (cropBorder.width - width)
+                        y: modelData.y * (cropBorder.height - height)
+                        color: root.viewModel.cropBorderColor
+                    }
+                }
             }
             MouseArea {
+                // A handle's reach beyond the frame, so that an edge can be taken from just outside it.
                 anchors.fill: parent
+                anchors.margins: -root.viewModel.handleRadius
                 preventStealing: true
                 Accessible.role: Accessible.Graphic
                 Accessible.name: qsTr("Crop frame: drag an edge, a corner or the middle")
-                onPositionChanged: (mouse) => root.viewModel.handleDragging(Qt.point(mouse.x, mouse.y))
+                onPositionChanged: (mouse) => root.viewModel.handleTouch(mapToItem(frame, mouse.x, mouse.y))
                 onReleased: root.viewModel.finishCropping()
                 onCanceled: root.viewModel.finishCropping()
             }

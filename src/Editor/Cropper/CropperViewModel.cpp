@@ -134,6 +134,16 @@ void CropperViewModel::handleDragging(QPointF p)
     }
 }
 
+void CropperViewModel::handleTouch(QPointF location)
+{
+    // No edge of such a side can move anyway, so nothing is lost by ignoring where across it the finger is.
+    if (m_imageFrameSize.width() <= m_minimumCropEdgesSeparation)
+        location.setX(m_imageFrameSize.width() / 2);
+    if (m_imageFrameSize.height() <= m_minimumCropEdgesSeparation)
+        location.setY(m_imageFrameSize.height() / 2);
+    handleDragging(location);
+}
+
 // Only the bottom and trailing updates check the frame's far border; the near borders are guarded by
 // isValidLocation. The asymmetry is deliberate.
 void CropperViewModel::updateTopCropPosition(qreal y)

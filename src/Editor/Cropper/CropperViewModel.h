@@ -41,6 +41,8 @@ class CropperViewModel : public QObject
     Q_PROPERTY(
         QColor flipVericallyButtonColor READ flipVericallyButtonColor NOTIFY flipVericallyButtonColorChanged)
     Q_PROPERTY(bool isCroppingInProgress READ isCroppingInProgress NOTIFY isCroppingInProgressChanged)
+    /// How far from an edge or corner a touch still takes hold of it, in points.
+    Q_PROPERTY(qreal handleRadius READ handleRadius CONSTANT)
 
 public:
     /// The handle a touch grabs.
@@ -59,6 +61,7 @@ public:
     Q_ENUM(CropEdge)
 
     static constexpr qreal kHandleRadius = 20.0;
+    static constexpr qreal handleRadius() { return kHandleRadius; }
 
     /// The crop page's model for \a image. \a returnAction receives the page's result once: the cropped
     /// image, or nothing when the page is cancelled or cropping fails.
@@ -94,6 +97,10 @@ public:
     Q_INVOKABLE void setupCropperLayout(QSizeF availableSize);
     /// One change of a drag over the frame, at \a location in the frame's coordinates.
     Q_INVOKABLE void handleDragging(QPointF location);
+    /// A touch of a drag at \a location in the frame's coordinates, up to handleRadius outside the frame.
+    /// Along a side too short for its edges to move apart it is taken on the side's middle line, so that a
+    /// sliver of a picture, thinner than any finger, can still be cropped along its length.
+    Q_INVOKABLE void handleTouch(QPointF location);
     /// The end of a drag.
     Q_INVOKABLE void finishCropping();
     /// Which handle a touch at \a location grabs: the centre first, then top, bottom, leading, trailing.

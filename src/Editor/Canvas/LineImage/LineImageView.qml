@@ -52,38 +52,41 @@ Item {
             border.color: BrandColor.ambar
             border.width: 2
         }
-    }
 
-    TapHandler {
-        enabled: root.viewModel.isTransformEnabled
-        onTapped: root.tapped()
-    }
-    DragHandler {
-        id: drag
-        target: null
-        enabled: root.viewModel.isTransformEnabled
-        maximumPointCount: 1
-        onTranslationChanged: root.dragOffset = Qt.point(translation.x, translation.y)
-        onActiveChanged: {
-            if (active)
-                return
-            root.viewModel.endDrag(Qt.size(root.dragOffset.x, root.dragOffset.y))
-            root.dragOffset = Qt.point(0, 0)
+        // On the item as drawn: a turned or scaled item takes touches where the user sees it. The tap is
+        // taken at once, so an item lying underneath never receives it too.
+        TapHandler {
+            enabled: root.viewModel.isTransformEnabled
+            gesturePolicy: TapHandler.ReleaseWithinBounds
+            onTapped: root.tapped()
         }
-    }
-    PinchHandler {
-        id: pinch
-        target: null
-        enabled: root.viewModel.isTransformEnabled
-        onActiveScaleChanged: root.pinchMagnification = activeScale
-        onRotationChanged: root.twistAngle = rotation
-        onActiveChanged: {
-            if (active)
-                return
-            root.viewModel.endRotation(root.twistAngle)
-            root.viewModel.endMagnification(root.pinchMagnification)
-            root.twistAngle = 0
-            root.pinchMagnification = 1
+        DragHandler {
+            id: drag
+            target: null
+            enabled: root.viewModel.isTransformEnabled
+            maximumPointCount: 1
+            onTranslationChanged: root.dragOffset = Qt.point(translation.x, translation.y)
+            onActiveChanged: {
+                if (active)
+                    return
+                root.viewModel.endDrag(Qt.size(root.dragOffset.x, root.dragOffset.y))
+                root.dragOffset = Qt.point(0, 0)
+            }
+        }
+        PinchHandler {
+            id: pinch
+            target: null
+            enabled: root.viewModel.isTransformEnabled
+            onActiveScaleChanged: root.pinchMagnification = activeScale
+            onRotationChanged: root.twistAngle = rotation
+            onActiveChanged: {
+                if (active)
+                    return
+                root.viewModel.endRotation(root.twistAngle)
+                root.viewModel.endMagnification(root.pinchMagnification)
+                root.twistAngle = 0
+                root.pinchMagnification = 1
+            }
         }
     }
 }

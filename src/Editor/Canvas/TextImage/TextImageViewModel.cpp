@@ -21,6 +21,16 @@ QSizeF fittedSize(const QFont& font, const QString& text)
 
 } // namespace
 
+TextImageViewModel::TextImageViewModel(QObject* parent)
+    : QObject(parent)
+{
+    for (const auto changed :
+         {&TextImageViewModel::textChanged, &TextImageViewModel::isUppercaseChanged,
+          &TextImageViewModel::isBoldChanged, &TextImageViewModel::isItalicChanged,
+          &TextImageViewModel::textSizeChanged, &TextImageViewModel::selectedColorChanged})
+        connect(this, changed, this, &TextImageViewModel::imageChanged);
+}
+
 void TextImageViewModel::setText(const QString& text)
 {
     assignAndNotify(this, m_text, text, &TextImageViewModel::textChanged);

@@ -22,9 +22,11 @@ class TextImageViewModel : public QObject
     Q_PROPERTY(QColor selectedColor READ selectedColor WRITE setSelectedColor NOTIFY selectedColorChanged)
     Q_PROPERTY(qreal minimumTextSize READ minimumTextSize CONSTANT)
     Q_PROPERTY(qreal maximumTextSize READ maximumTextSize CONSTANT)
+    /// What textToImage() gives now: the preview shows the very pixels the canvas will get.
+    Q_PROPERTY(QImage image READ textToImage NOTIFY imageChanged)
 
 public:
-    using QObject::QObject;
+    explicit TextImageViewModel(QObject* parent = nullptr);
 
     QString text() const { return m_text; }
     void setText(const QString& text);
@@ -59,6 +61,7 @@ signals:
     void isItalicChanged();
     void textSizeChanged();
     void selectedColorChanged();
+    void imageChanged();
 
 private:
     QString m_text;
