@@ -6,6 +6,7 @@
 
 #include <QFile>
 #include <QRegularExpression>
+#include <QSet>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
@@ -127,6 +128,10 @@ private slots:
         const QQuickItem* border = screen.find("cropBorder");
         QVERIFY(!screen.isShown("cropUndoButton"));
         QCOMPARE(screen.find("cropButton")->property("isDisabled").toBool(), true);
+        // Marks at the corners and the middle of each edge show where the frame can be taken.
+        for (const char* mark : {"cropCorner0", "cropCorner1", "cropCorner2", "cropCorner3",
+                                 "cropEdgeHandle0", "cropEdgeHandle1", "cropEdgeHandle2", "cropEdgeHandle3"})
+            QVERIFY2(screen.isShown(mark) && screen.find(mark)->width() >= 4, mark);
 
         // A finger pulls the top-left corner in.
         screen.touchDrag(frame, QPointF(4, 4), QPointF(frame->width() * 0.25, frame->height() * 0.2));
@@ -242,6 +247,74 @@ private slots:
         QCOMPARE(screen.editor()->pageName(), QStringLiteral("base"));
         QCOMPARE(screen.editor()->previousImageVersionCount(), 1);
         QCOMPARE(screen.completionCount(), 1);
+    }
+
+    // A sliver of a picture is seen on every page and can be cut along its length; transparent pixels show
+    // over a checkerboard rather than black on the black page.
+    void unusualPictures_areSeenOnEveryPage_data()
+    {
+        QTest::addColumn<QSize>("pictureSize");
+        QTest::addColumn<QColor>("colour");
+        QTest::newRow("4000 × 1") << QSize(4000, 1) << QColor(Qt::red);
+        QTest::newRow("1 × 4000") << QSize(1, 4000) << QColor(Qt::red);
+        QTest::newRow("transparent") << QSize(300, 200) << QColor(Qt::transparent);
+    }
+
+    void unusualPictures_areSeenOnEveryPage()
+    {
+        QFETCH(QSize, pictureSize);
+        QFETCH(QColor, colour);
+        QImage picture(pictureSize, QImage::Format_ARGB32);
+        picture.fill(colour);
+        const bool sliver = pictureSize.width() == 1 || pictureSize.height() == 1;
+        // What a person sees where the picture lies: red for the sliver, two greys for transparency.
+        const auto seen = [&](EditorScreen& screen, const char* where) {
+            const QQuickItem* item = screen.find(where);
+            const QRect area = item->mapRectToScene(QRectF(QPointF(0, 0), item->size()))
+                                   .toAlignedRect()
+                                   .adjusted(-2, -2, 2, 2);
+            const QImage grab = screen.view().grabWindow();
+            QSet<QRgb> greys;
+            int red = 0;
+            for (int y = area.top(); y <= area.bottom(); ++y) {
+                for (int x = area.left(); x <= area.right(); ++x) {
+                    const QRgb p = grab.pixel(x, y);
+                    red += qRed(p) > 200 && qGreen(p) < 60 && qBlue(p) < 60;
+                    if (qRed(p) == qGreen(p) && qGreen(p) == qBlue(p) && qRed(p) > 0x80 && qRed(p) < 0xe0)
+                        greys.insert(p);
+                }
+            }
+            return sliver ? red > 0 : greys.size() >= 2;
+        };
+        EditorScreen screen(QuorvaneSdkImageEditorPreset(picture, QuorvaneSdkImageOutputFormat::png(),
+                                                         QUrl::fromLocalFile(m_output), std::nullopt));
+        QTRY_VERIFY(seen(screen, "currentImage"));
+
+        openCrop(screen);
+        QTRY_VERIFY(seen(screen, "cropFrame"));
+        const QQuickItem* frame = screen.find("cropFrame");
+        const QSizeF shown = frame->size();
+        // The finger takes the leading (or top) end of the sliver and pulls it a quarter along.
+        if (pictureSize.width() > pictureSize.height())
+            screen.touchDrag(frame, QPointF(2, shown.height() / 2 + 6),
+                             QPointF(shown.width() / 4, shown.height() / 2 + 6));
+        else
+            screen.touchDrag(frame, QPointF(shown.width() / 2 + 6, 2),
+                             QPointF(shown.width() / 2 + 6, shown.height() / 4));
+        screen.tap("cropButton");
+        QTRY_COMPARE(screen.editor()->pageName(), QStringLiteral("base"));
+        const QSize cut = screen.editor()->image().size();
+        const bool wide = pictureSize.width() >= pictureSize.height();
+        const int length = wide ? pictureSize.width() : pictureSize.height();
+        const int along = wide ? cut.width() : cut.height();
+        QVERIFY2(along > length * 0.65 && along < length * 0.8, qPrintable(QString::number(along)));
+        QCOMPARE(wide ? cut.height() : cut.width(), wide ? pictureSize.height() : pictureSize.width());
+
+        openDraw(screen);
+        QTRY_VERIFY(seen(screen, "canvasFrame"));
+        screen.tap("canvasCancelButton");
+        QTRY_COMPARE(screen.editor()->pageName(), QStringLiteral("base"));
+        QTRY_VERIFY(seen(screen, "currentImage"));
     }
 
     void keyboard_undoesAndLeavesThePageShown()

@@ -41,9 +41,28 @@ ImageEditorViewModel* EditorScreen::editor() const
     return session ? session->editor() : nullptr;
 }
 
+namespace {
+
+// Repeated and delegate items belong to their visual parent only: they are found by walking the item tree.
+QQuickItem* findInItemTree(QQuickItem* item, const QString& objectName)
+{
+    for (QQuickItem* child : item->childItems()) {
+        if (child->objectName() == objectName)
+            return child;
+        if (QQuickItem* found = findInItemTree(child, objectName))
+            return found;
+    }
+    return nullptr;
+}
+
+} // namespace
+
 QQuickItem* EditorScreen::find(const char* objectName) const
 {
-    return m_view.rootObject()->findChild<QQuickItem*>(QString::fromUtf8(objectName));
+    const QString name = QString::fromUtf8(objectName);
+    if (auto* found = m_view.rootObject()->findChild<QQuickItem*>(name))
+        return found;
+    return findInItemTree(m_view.contentItem(), name);
 }
 
 QString EditorScreen::text(const char* objectName) const
@@ -82,7 +101,9 @@ void EditorScreen::tap(const QQuickItem* item, QPointF point)
 {
     QQuickTest::qWaitForPolish(&m_view);
     const QPoint at = item->mapToScene(point).toPoint();
+    // A finger rests a moment: two taps at the very same instant are not something a person makes.
     QTest::touchEvent(&m_view, m_touch).press(0, at);
+    QTest::qWait(50);
     QTest::touchEvent(&m_view, m_touch).release(0, at);
 }
 

@@ -114,8 +114,12 @@ Rectangle {
                     LineImageView {
                         required property LineImageViewModel modelData
                         viewModel: modelData
-                        onTapped: root.viewModel.handleTap(modelData.itemId)
                     }
+                }
+                // One tap for the whole canvas: the model picks the uppermost item drawn where the finger is.
+                TapHandler {
+                    enabled: root.viewModel.selectedOption === "transform"
+                    onTapped: (point) => root.viewModel.handleTapOnScreen(point.position)
                 }
                 DrawingView {
                     anchors.fill: parent
@@ -146,6 +150,7 @@ Rectangle {
                     viewModel: root.viewModel
                 }
                 ChooseColorView {
+                    objectName: "strokeColours"
                     width: parent.width
                     colors: root.viewModel.colorItems
                     selectedColor: root.viewModel.selectedColor

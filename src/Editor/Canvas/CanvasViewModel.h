@@ -101,6 +101,9 @@ public:
     void handleTap(const LineImagePtr& item);
     /// handleTap() for the screen, by item id.
     Q_INVOKABLE void handleTap(const QString& id);
+    /// handleTap() on the uppermost item drawn at \a point (canvas points), turned and scaled as it is shown;
+    /// nothing where no item is.
+    Q_INVOKABLE void handleTapOnScreen(QPointF point);
     /// Sets the stroke width and closes the width picker.
     void setLineWidth(qreal width);
     void setColor(const QColor& color);

@@ -1,7 +1,7 @@
 import QtQuick
 
-// A row of colour swatches; the chosen one wears a ring. It opens with the chosen swatch in view, and a fade
-// at an edge tells that more swatches lie beyond it.
+// A row of colour swatches, each named after the row and its place; the chosen one wears a ring. The row
+// opens with the chosen swatch in view, and a fade at an edge tells that more swatches lie beyond it.
 ListView {
     id: root
 
@@ -19,15 +19,14 @@ ListView {
     rightMargin: 12
     clip: true
     model: root.colors
-    // The view keeps the current swatch in sight.
-    currentIndex: root.selectedIndex
-    highlightMoveDuration: 0
+    // Laid out (or turned with the screen), the row centres the chosen swatch where it can.
+    onWidthChanged: if (root.selectedIndex >= 0) positionViewAtIndex(root.selectedIndex, ListView.Center)
     boundsBehavior: Flickable.StopAtBounds
 
     delegate: Rectangle {
         required property color modelData
         required property int index
-        objectName: "swatch" + index
+        objectName: root.objectName + index
         width: 44
         height: 44
         radius: 22
@@ -53,7 +52,7 @@ ListView {
     }
 
     Rectangle {
-        objectName: "moreSwatchesBefore"
+        objectName: root.objectName + "FadeStart"
         anchors.left: parent.left
         width: 28
         height: parent.height
@@ -65,7 +64,7 @@ ListView {
         }
     }
     Rectangle {
-        objectName: "moreSwatchesAfter"
+        objectName: root.objectName + "FadeEnd"
         anchors.right: parent.right
         width: 28
         height: parent.height

@@ -145,7 +145,9 @@ Rectangle {
                 height: cropBorder.height
                 color: "#a6000000"
             }
-            Rectangle {
+            // The crop rectangle; its border, corner marks and edge handles lie just outside it, so that they
+            // never hide the picture, not even a sliver of one.
+            Item {
                 id: cropBorder
                 objectName: "cropBorder"
 
@@ -153,10 +155,14 @@ Rectangle {
                 y: root.viewModel.topCropHeight
                 width: frame.width - root.viewModel.leadingCropWidth - root.viewModel.trailingCropWidth
                 height: frame.height - root.viewModel.topCropHeight - root.viewModel.bottomCropHeight
-                color: "transparent"
-                border.color: root.viewModel.cropBorderColor
-                border.width: 2
 
+                Rectangle {
+                    anchors.fill: parent
+                    anchors.margins: -2
+                    color: "transparent"
+                    border.color: root.viewModel.cropBorderColor
+                    border.width: 2
+                }
                 // Corner marks and edge handles show where a finger can take hold of the frame.
                 Repeater {
                     model: [Qt.point(0, 0), Qt.point(1, 0), Qt.point(0, 1), Qt.point(1, 1)]
@@ -164,21 +170,19 @@ Rectangle {
                         required property point modelData
                         required property int index
                         objectName: "cropCorner" + index
-                        x: modelData.x * (cropBorder.width - width)
-                        y: modelData.y * (cropBorder.height - height)
-                        width: Math.min(20, cropBorder.width / 2)
-                        height: Math.min(20, cropBorder.height / 2)
+                        x: modelData.x * (cropBorder.width + 8 - width) - 4
+                        y: modelData.y * (cropBorder.height + 8 - height) - 4
+                        width: 20
+                        height: 20
 
                         Rectangle {
-                            x: parent.modelData.x * (parent.width - width)
+                            y: parent.modelData.y * (parent.height - height)
                             width: parent.width
                             height: 4
-                            y: parent.modelData.y * (parent.height - height)
                             color: root.viewModel.cropBorderColor
                         }
                         Rectangle {
                             x: parent.modelData.x * (parent.width - width)
-                            y: parent.modelData.y * (parent.height - height)
                             width: 4
                             height: parent.height
                             color: root.viewModel.cropBorderColor
@@ -190,12 +194,12 @@ Rectangle {
                     Rectangle {
                         required property point modelData
                         required property int index
-                        objectName: "cropEdgeHandle" + index
                         readonly property bool across: modelData.y === 0.5
-                        width: across ? 4 : Math.min(24, cropBorder.width / 3)
-                        height: across ? Math.min(24, cropBorder.height / 3) : 4
-                        x: modelData.x * (cropBorder.width - width)
-                        y: modelData.y * (cropBorder.height - height)
+                        objectName: "cropEdgeHandle" + index
+                        width: across ? 4 : 24
+                        height: across ? 24 : 4
+                        x: modelData.x * (cropBorder.width + 8 - width) - 4
+                        y: modelData.y * (cropBorder.height + 8 - height) - 4
                         color: root.viewModel.cropBorderColor
                     }
                 }

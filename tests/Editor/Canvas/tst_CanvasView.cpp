@@ -8,6 +8,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QtQml/QQmlExtensionPlugin>
+#include <QtQuickTest/quicktest.h>
 
 Q_IMPORT_QML_PLUGIN(Quorvane_SdkImagePlugin)
 
@@ -52,6 +53,17 @@ private:
         return nullptr;
     }
 
+    static CanvasViewModel* openCanvas(EditorScreen& screen)
+    {
+        screen.tap("drawTab");
+        if (!screen.waitForToolPage())
+            return nullptr;
+        CanvasViewModel* canvas = screen.editor()->canvas();
+        if (!QTest::qWaitFor([&] { return canvas && canvas->isCropperSetup(); }))
+            return nullptr;
+        return canvas;
+    }
+
 private slots:
     void initTestCase()
     {
@@ -74,21 +86,34 @@ private slots:
         QVERIFY(!screen.isShown("moveButton"));
         QCOMPARE(screen.find("acceptButton")->property("isDisabled").toBool(), true);
 
-        // One finger draws a stroke.
+        const QPointF drawAt = screen.find("drawButton")->mapToScene(QPointF(0, 0));
+        const QPointF textAt = screen.find("textButton")->mapToScene(QPointF(0, 0));
+
+        // One finger draws a stroke, from where it went down (less one line width of margin).
         const QQuickItem* surface = screen.find("drawingSurface");
         screen.touchDrag(surface, QPointF(40, 40), QPointF(120, 100));
         QCOMPARE(canvas->lineImages().size(), 1);
+        const QSizeF offset = canvas->lineImages()[0]->offset();
+        QVERIFY2(qAbs(offset.width() - 36) <= 0.5 && qAbs(offset.height() - 36) <= 0.5,
+                 qPrintable(QStringLiteral("%1, %2").arg(offset.width()).arg(offset.height())));
         QVERIFY(screen.isShown("moveButton"));
         QVERIFY(screen.isShown("canvasUndoButton"));
+        // The buttons that appeared took slots kept for them: nothing moved under the user's finger.
+        QQuickTest::qWaitForPolish(&screen.view());
+        QCOMPARE(screen.find("drawButton")->mapToScene(QPointF(0, 0)), drawAt);
+        QCOMPARE(screen.find("textButton")->mapToScene(QPointF(0, 0)), textAt);
 
-        // A text, typed and confirmed, lands in the middle.
+        // Text entry opens ready to type; the preview is the very picture the canvas gets.
         screen.tap("textButton");
         QTRY_VERIFY(screen.find("textField"));
-        screen.tap("textField");
+        QTRY_VERIFY(screen.find("textField")->isAncestorOf(screen.view().activeFocusItem()));
         for (const char letter : {'H', 'E', 'L', 'L', 'O'})
             QTest::keyClick(&screen.view(), letter);
+        const QImage previewed = screen.find("textPreview")->property("image").value<QImage>();
+        QVERIFY(!previewed.isNull());
         screen.tap("textConfirmButton");
         QTRY_COMPARE(canvas->lineImages().size(), 2);
+        QCOMPARE(canvas->lineImages()[1]->image(), previewed);
         QVERIFY(!canvas->isEnteringText());
         const LineImagePtr text = canvas->lineImages()[1];
         const QSizeF centred = text->offset();
@@ -173,6 +198,84 @@ private slots:
         screen.tap("Delete");
         QVERIFY(canvas->lineImages().isEmpty());
         QCOMPARE(canvas->previousStateCount(), 2);
+    }
+
+    // A turned item takes touches where it is drawn; of two items one above the other, the upper one does.
+    void touches_landOnTheItemAsDrawn_topmostFirst()
+    {
+        EditorScreen screen(QuorvaneSdkImageEditorPreset(QUrl::fromLocalFile(m_photo)));
+        CanvasViewModel* canvas = openCanvas(screen);
+        screen.touchDrag(screen.find("drawingSurface"), QPointF(40, 140), QPointF(300, 140));
+        screen.tap("textButton");
+        QTRY_VERIFY(screen.find("textField"));
+        for (const char letter : {'H', 'I'})
+            QTest::keyClick(&screen.view(), letter);
+        screen.tap("textConfirmButton");
+        QTRY_COMPARE(canvas->lineImages().size(), 2);
+        const LineImagePtr stroke = canvas->lineImages()[0];
+        const LineImagePtr text = canvas->lineImages()[1];
+        screen.tap("moveButton");
+        const QQuickItem* frame = screen.find("canvasFrame");
+
+        // Where the text lies over the stroke, the text is taken.
+        screen.tap(frame, text->getCenterPoint());
+        QTRY_COMPARE(canvas->selectedLineImage(), text);
+        screen.tap(frame, text->getCenterPoint());
+        QTRY_VERIFY(!canvas->selectedLineImage());
+
+        // The stroke turned upright takes touches along its new course, not in its old box.
+        screen.tap(frame, QPointF(60, 140));
+        QTRY_COMPARE(canvas->selectedLineImage(), stroke);
+        screen.tap("Rotation");
+        screen.tap("To right");
+        screen.tap("rotationBack");
+        screen.tap("Done");
+        QTRY_VERIFY(!canvas->selectedLineImage());
+        const QPointF centre = stroke->getCenterPoint();
+        screen.tap(frame, QPointF(60, 140));
+        QTRY_VERIFY(!canvas->selectedLineImage());
+        screen.tap(frame, centre + QPointF(0, -100));
+        QTRY_COMPARE(canvas->selectedLineImage(), stroke);
+    }
+
+    // The colour rows open with the chosen swatch in sight, and a fade says that more lie beyond.
+    void colourRows_showTheChosenSwatch_andThatTheyScroll()
+    {
+        EditorScreen screen(QuorvaneSdkImageEditorPreset(QUrl::fromLocalFile(m_photo)));
+        CanvasViewModel* canvas = openCanvas(screen);
+        const auto inSight = [&](const QByteArray& swatch) {
+            const QQuickItem* item = screen.find(swatch.constData());
+            const QQuickItem* row = item->parentItem()->parentItem();
+            const QRectF shown = row->mapRectToScene(QRectF(QPointF(0, 0), row->size()));
+            return shown.contains(item->mapRectToScene(QRectF(QPointF(0, 0), item->size())));
+        };
+        const QByteArray white = QByteArray::number(CanvasViewModel::colorIndex(Qt::white));
+        QTRY_VERIFY(inSight("strokeColours" + white));
+        QVERIFY(screen.isShown("strokeColoursFadeStart") || screen.isShown("strokeColoursFadeEnd"));
+
+        screen.tap("textButton");
+        QTRY_VERIFY(canvas->isEnteringText() && screen.find(("textColours" + white).constData()));
+        QTRY_VERIFY(inSight("textColours" + white));
+    }
+
+    void textEntry_inLandscape_keepsItsButtonsClear()
+    {
+        EditorScreen screen(QuorvaneSdkImageEditorPreset(QUrl::fromLocalFile(m_photo)), QSize(844, 390));
+        openCanvas(screen);
+        screen.tap("textButton");
+        QTRY_VERIFY(screen.find("textPreview"));
+        QQuickTest::qWaitForPolish(&screen.view());
+        const auto shownRect = [&](const char* name) {
+            const QQuickItem* item = screen.find(name);
+            return item->mapRectToScene(QRectF(QPointF(0, 0), item->size()));
+        };
+        const QRectF window(QPointF(0, 0), screen.view().size());
+        for (const char* button : {"textCancelButton", "textConfirmButton"}) {
+            QVERIFY2(window.contains(shownRect(button)), button);
+            for (const char* other : {"textField", "italicToggle", "boldToggle", "uppercaseToggle",
+                                      "textSizeSlider", "textPreview"})
+                QVERIFY2(!shownRect(button).intersects(shownRect(other)), other);
+        }
     }
 
     void cancel_discardsTheDrawing()

@@ -11,8 +11,6 @@ Item {
     property real pinchMagnification: 1
     property point dragOffset: Qt.point(0, 0)
 
-    signal tapped()
-
     objectName: "lineImage"
     x: root.viewModel.offset.width
     y: root.viewModel.offset.height
@@ -53,13 +51,8 @@ Item {
             border.width: 2
         }
 
-        // On the item as drawn: a turned or scaled item takes touches where the user sees it. The tap is
-        // taken at once, so an item lying underneath never receives it too.
-        TapHandler {
-            enabled: root.viewModel.isTransformEnabled
-            gesturePolicy: TapHandler.ReleaseWithinBounds
-            onTapped: root.tapped()
-        }
+        // On the item as drawn: a turned or scaled item is moved and pinched where the user sees it. Taps are
+        // the canvas's, which knows which item lies on top.
         DragHandler {
             id: drag
             target: null

@@ -114,6 +114,7 @@ Rectangle {
                 }
             }
             ChooseColorView {
+                objectName: "textColours"
                 width: parent.width
                 colors: root.canvas.colorItems
                 selectedColor: textModel.selectedColor
