@@ -24,7 +24,8 @@ struct Line
 };
 
 /// The canvas page's state: overlay items over the image, the stroke being drawn, the drawing settings,
-/// the selected item, the active tool, and the undo history of item lists.
+/// the selected item, the active tool, and the undo history of item lists. A number that is not finite (a
+/// size, point, width, turn or scale) is ignored: no change, no signal, no undo step.
 class CanvasViewModel : public QObject, public TransformDelegate
 {
     Q_OBJECT

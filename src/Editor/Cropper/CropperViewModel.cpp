@@ -1,6 +1,7 @@
 #include "CropperViewModel.h"
 
 #include "Editor/Common/BrandColor.h"
+#include "Editor/Helpers/Finite.h"
 #include "Editor/Helpers/Notify.h"
 #include "Error/QuorvaneSdkImageError.h"
 
@@ -42,6 +43,8 @@ QPointF CropperViewModel::centerCropPosition() const
 
 void CropperViewModel::setupCropperLayout(QSizeF availableSize)
 {
+    if (!isFinite(availableSize))
+        return;
     const qreal s = aspectRatio(availableSize);
     const qreal r = aspectRatio(m_currentImage.deviceIndependentSize());
     const qreal q = 1.0 / r;
@@ -93,7 +96,7 @@ bool CropperViewModel::isValidLocation(QPointF p) const
 
 void CropperViewModel::handleDragging(QPointF p)
 {
-    if (!isValidLocation(p))
+    if (!isFinite(p) || !isValidLocation(p))
         return;
     saveCurrentImageVersionIfNeeded();
     updateCropBackgroundIfNeeded();

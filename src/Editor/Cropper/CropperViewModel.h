@@ -16,7 +16,8 @@
 #include <optional>
 
 /// The crop screen's state: the displayed frame, the crop rectangle (four fractions of the frame), the turn
-/// and flips, and the undo list. Lengths are in points of the screen.
+/// and flips, and the undo list. Lengths are in points of the screen. A size or location that is not finite
+/// is ignored.
 class CropperViewModel : public QObject
 {
     Q_OBJECT

@@ -1,4 +1,5 @@
 #include "Editor/Canvas/CanvasViewModel.h"
+#include "NonFinite.h"
 
 #include <QColorSpace>
 #include <QSignalSpy>
@@ -64,6 +65,9 @@ QByteArray stdoutOf(const std::function<void()>& action)
 }
 
 } // namespace
+
+using CanvasCall = std::function<void(CanvasViewModel&, qreal)>;
+Q_DECLARE_METATYPE(CanvasCall)
 
 class tst_CanvasViewModel : public QObject
 {
@@ -156,6 +160,56 @@ private slots:
         // The kept point starts the next stroke.
         model->addFinalPoint(QPointF(30, 30), model->imageFrameSize());
         QCOMPARE(model->lineImages().size(), 1);
+    }
+
+    void nonFiniteNumbers_areIgnored_data()
+    {
+        addNonFiniteRows<CanvasCall>({
+            {"setupScreenSize", [](CanvasViewModel& m, qreal v) { m.setupScreenSize(QSizeF(v, 300)); }},
+            {"handleNewPoint, point",
+             [](CanvasViewModel& m, qreal v) { m.handleNewPoint(QPointF(20, v), QSizeF(400, 300)); }},
+            {"handleNewPoint, frame",
+             [](CanvasViewModel& m, qreal v) { m.handleNewPoint(QPointF(20, 20), QSizeF(v, v)); }},
+            {"addFinalPoint, point",
+             [](CanvasViewModel& m, qreal v) { m.addFinalPoint(QPointF(v, 20), QSizeF(400, 300)); }},
+            {"addFinalPoint, frame",
+             [](CanvasViewModel& m, qreal v) { m.addFinalPoint(QPointF(20, 20), QSizeF(400, v)); }},
+            {"selectedlineWidth", [](CanvasViewModel& m, qreal v) { m.setProperty("selectedlineWidth", v); }},
+            {"setLineWidthFromPicker", [](CanvasViewModel& m, qreal v) { m.setLineWidthFromPicker(v); }},
+            {"rotateBy", [](CanvasViewModel& m, qreal v) { m.rotateBy(v); }},
+            {"rotateTo", [](CanvasViewModel& m, qreal v) { m.rotateTo(v); }},
+            {"scaleTo", [](CanvasViewModel& m, qreal v) { m.scaleTo(v); }},
+        });
+    }
+
+    void nonFiniteNumbers_areIgnored()
+    {
+        QFETCH(CanvasCall, call);
+        QFETCH(qreal, value);
+        // Not yet laid out, one selected item, a stroke under way, the width picker open: every entry point
+        // has something it would change.
+        CanvasViewModel model(solid(QSize(400, 300), Qt::black));
+        model.addText(solid(QSize(40, 20), Qt::red));
+        const LineImagePtr item = model.lineImages().first();
+        model.handleTap(item);
+        model.handleNewPoint(QPointF(10, 10), QSizeF(400, 300));
+        model.setChoosingLineWidth(true);
+        const SignalCounter emitted({&model, item.get()});
+
+        call(model, value);
+
+        QCOMPARE(emitted.count(), 0);
+        QVERIFY(!model.isCropperSetup());
+        QCOMPARE(model.currentLinePoints(), QList<QPointF>{QPointF(10, 10)});
+        QCOMPARE(model.lineImages().size(), 1);
+        QCOMPARE(model.previousStateCount(), 1);
+        QCOMPARE(model.selectedlineWidth(), 4.0);
+        QVERIFY(model.isChoosingLineWidth());
+        QCOMPARE(item->rotationAngle().degrees(), 0.0);
+        QCOMPARE(item->magnification(), 1.0);
+        // A bad size did not use up the one fit.
+        model.setupScreenSize(QSizeF(400, 300));
+        QCOMPARE(model.imageFrameSize(), QSizeF(400, 300));
     }
 
     void tools_switchTheOptionTextEntryAndItemTransforms_data()

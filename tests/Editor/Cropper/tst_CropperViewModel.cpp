@@ -1,6 +1,7 @@
 #include "Editor/Common/BrandColor.h"
 #include "Editor/Cropper/CropperViewModel.h"
 #include "Error/QuorvaneSdkImageError.h"
+#include "NonFinite.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -58,6 +59,8 @@ struct Snapshot
 } // namespace
 
 Q_DECLARE_METATYPE(Edge)
+using CropperCall = std::function<void(CropperViewModel&, qreal)>;
+Q_DECLARE_METATYPE(CropperCall)
 
 class tst_CropperViewModel : public QObject
 {
@@ -272,6 +275,31 @@ private slots:
         QCOMPARE(model->imageFrameSize(), QSizeF(780, 585));
         QCOMPARE(model->bottomCropPosition(), 585.0);
         QCOMPARE(model->trackedActionCount(), 0);
+    }
+
+    void nonFiniteNumbers_areIgnored_data()
+    {
+        addNonFiniteRows<CropperCall>({
+            {"setupCropperLayout",
+             [](CropperViewModel& m, qreal v) { m.setupCropperLayout(QSizeF(v, 600)); }},
+            {"handleDragging", [](CropperViewModel& m, qreal v) { m.handleDragging(QPointF(100, v)); }},
+        });
+    }
+
+    void nonFiniteNumbers_areIgnored()
+    {
+        QFETCH(CropperCall, call);
+        QFETCH(qreal, value);
+        auto model = laidOut();
+        drag(*model, {{20, 20}, {40, 30}});
+        const Snapshot before = Snapshot::of(*model);
+        const SignalCounter emitted({model.get()});
+
+        call(*model, value);
+
+        QCOMPARE(emitted.count(), 0);
+        QCOMPARE(Snapshot::of(*model), before);
+        QCOMPARE(model->trackedActionCount(), 1);
     }
 
     void centreMove_isDroppedWholeAtABorder()
