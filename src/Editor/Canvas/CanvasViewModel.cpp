@@ -129,13 +129,17 @@ void CanvasViewModel::addFinalPoint(QPointF point, QSizeF frameSize)
     shifted.reserve(m_currentLine.points.size());
     for (const QPointF& p : std::as_const(m_currentLine.points))
         shifted.append(p - topLeft);
+    QImage picture = strokeImage(size, shifted, m_selectedColor, m_selectedlineWidth);
 
-    recordState();
-    QList<LineImagePtr> images = m_lineImages;
-    images.append(std::make_shared<LineImage>(
-        m_imageFrameSize, strokeImage(size, shifted, m_selectedColor, m_selectedlineWidth),
-        QSizeF(topLeft.x(), topLeft.y())));
-    setLineImages(std::move(images));
+    // A frame that shrank past the stroke leaves no box to draw in: the stroke is dropped, with no item and
+    // no undo step the user could not see, and the next one starts clean.
+    if (!picture.isNull()) {
+        recordState();
+        QList<LineImagePtr> images = m_lineImages;
+        images.append(std::make_shared<LineImage>(m_imageFrameSize, std::move(picture),
+                                                  QSizeF(topLeft.x(), topLeft.y())));
+        setLineImages(std::move(images));
+    }
     m_currentLine = Line();
     emit currentLineChanged();
 }

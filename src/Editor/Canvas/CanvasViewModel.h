@@ -90,7 +90,8 @@ public:
     Q_INVOKABLE void setupScreenSize(QSizeF size);
     /// Adds \a point to the stroke if it lies in the canvas frame of \a frameSize.
     Q_INVOKABLE void handleNewPoint(QPointF point, QSizeF frameSize);
-    /// Ends the stroke at \a point and turns it into an item when it has two points or more.
+    /// Ends the stroke at \a point and turns it into an item when it has two points or more. A stroke left
+    /// with no box inside \a frameSize (the frame shrank past it) is dropped without an item.
     Q_INVOKABLE void addFinalPoint(QPointF point, QSizeF frameSize);
     QPointF getTopMostLeftPoint(const QList<QPointF>& points) const;
     QPointF getBottomMostRightPoint(const QList<QPointF>& points, QSizeF availableSize) const;

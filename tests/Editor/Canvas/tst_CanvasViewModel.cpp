@@ -162,6 +162,31 @@ private slots:
         QCOMPARE(model->lineImages().size(), 1);
     }
 
+    void strokeOutsideAShrunkenFrame_addsNothing_andTheNextStartsClean_data()
+    {
+        QTest::addColumn<QSizeF>("shrunkenFrame");
+        // The stroke runs from (100, 100) to (150, 150): with its line width its box starts at (96, 96).
+        QTest::newRow("frame ends before the box") << QSizeF(50, 50);
+        QTest::newRow("frame ends where the box starts") << QSizeF(96, 300);
+    }
+
+    void strokeOutsideAShrunkenFrame_addsNothing_andTheNextStartsClean()
+    {
+        QFETCH(QSizeF, shrunkenFrame);
+        auto model = canvas();
+        model->handleNewPoint(QPointF(100, 100), model->imageFrameSize());
+        model->handleNewPoint(QPointF(150, 150), model->imageFrameSize());
+
+        model->addFinalPoint(QPointF(120, 120), shrunkenFrame);
+
+        QVERIFY(model->lineImages().isEmpty());
+        QCOMPARE(model->previousStateCount(), 0);
+        QVERIFY(model->currentLine().points.isEmpty());
+        stroke(*model, {{10, 10}, {50, 30}});
+        QCOMPARE(model->lineImages().first()->offset(), QSizeF(6, 6));
+        QCOMPARE(model->lineImages().first()->image().deviceIndependentSize(), QSizeF(48, 28));
+    }
+
     void nonFiniteNumbers_areIgnored_data()
     {
         addNonFiniteRows<CanvasCall>({
