@@ -206,14 +206,14 @@ std::optional<QImage> CropperViewModel::cropImage()
 
 void CropperViewModel::rotateLeft(bool trackAction)
 {
-    setRotationAngle(m_rotationAngle + Angle::degrees(-90));
+    turnTo(m_rotationAngle + Angle::degrees(-90));
     if (trackAction)
         track([](CropperViewModel& model) { model.rotateRight(false); });
 }
 
 void CropperViewModel::rotateRight(bool trackAction)
 {
-    setRotationAngle(m_rotationAngle + Angle::degrees(90));
+    turnTo(m_rotationAngle + Angle::degrees(90));
     if (trackAction)
         track([](CropperViewModel& model) { model.rotateLeft(false); });
 }
@@ -284,6 +284,8 @@ void CropperViewModel::saveCurrentImageVersionIfNeeded()
     const Angle rotation = m_rotationAngle;
     const bool horizontally = m_flipHorizontally;
     const bool vertically = m_flipVertically;
+    // Undo writes back the frame as the drag found it, even after a new layout; the angle assigned after it
+    // leaves that frame alone.
     track([=](CropperViewModel& model) {
         model.setTopCropFactor(top);
         model.setBottomCropFactor(bottom);
@@ -349,11 +351,17 @@ void CropperViewModel::recomputeBands()
     setTrailingCropFactor(m_trailingCropFactor);
 }
 
+void CropperViewModel::turnTo(Angle angle)
+{
+    setRotationAngle(angle);
+    // The rectangle keeps its place on the image, not on the screen: same factors, turned frame.
+    setImageFrameSize(angle.isPortrait() ? m_portraitSize : m_landscapeSize);
+}
+
 void CropperViewModel::setRotationAngle(Angle angle)
 {
     assignAndNotify(this, m_rotationAngle, angle, &CropperViewModel::rotationAngleChanged);
-    // The rectangle keeps its place on the image, not on the screen: same factors, turned frame.
-    setImageFrameSize(angle.isPortrait() ? m_portraitSize : m_landscapeSize);
+    // The flip buttons' tints depend on the turn.
     setFlips(m_flipHorizontally, m_flipVertically);
 }
 

@@ -154,6 +154,9 @@ private:
     void setTrailingCropFactor(qreal factor);
     void setImageFrameSize(QSizeF size);
     void recomputeBands();
+    /// A quarter turn: the angle and the frame that fits it.
+    void turnTo(Angle angle);
+    /// The angle alone; the frame stays as it is.
     void setRotationAngle(Angle angle);
     void setFlips(bool horizontally, bool vertically);
     void setCropBorderColor(const QColor& color);

@@ -257,23 +257,27 @@ private slots:
         QCOMPARE(model->bottomCropHeight(), 7.5);
     }
 
-    void frame_alwaysFitsTheCurrentLayoutAndTurn()
+    void undo_ofADragRestoresItsFrame_ofATurnFitsTheLayout()
     {
-        // A frame is never restored from an older layout: after the screen changes, every undo leaves a
-        // frame that fits the screen as it is now.
         auto model = laidOut();
-        drag(*model, {{100, 285}});
-        model->rotateRight(true);
-
+        drag(*model, {{100, 5}, {100, 20}}); // upright, frame 390 × 292.5: top to 20
+        model->rotateRight(true);            // frame 520 × 390: top at 26.67
+        drag(*model, {{100, 30}});           // turned: top to 30
         model->setupCropperLayout(QSizeF(780, 1200));
         QCOMPARE(model->imageFrameSize(), QSizeF(1040, 780)); // turned, it shows 780 wide
-        model->undoLastAction();
-        QCOMPARE(model->imageFrameSize(), QSizeF(780, 585));
-        QCOMPARE(model->bottomCropHeight(), 585 * (1 - 285 / 292.5));
-        model->undoLastAction();
 
+        // A drag comes undone with the frame it started from, from an older layout too, and with its turn.
+        model->undoLastAction();
+        QCOMPARE(model->imageFrameSize(), QSizeF(520, 390));
+        QCOMPARE(model->rotationDegrees(), 90.0);
+        QCOMPARE(model->topCropHeight(), 390 * (20 / 292.5));
+        // A turn comes undone with the frame that fits the layout as it is now.
+        model->undoLastAction();
         QCOMPARE(model->imageFrameSize(), QSizeF(780, 585));
-        QCOMPARE(model->bottomCropPosition(), 585.0);
+        QCOMPARE(model->topCropHeight(), 585 * (20 / 292.5));
+        model->undoLastAction();
+        QCOMPARE(model->imageFrameSize(), QSizeF(390, 292.5));
+        QCOMPARE(model->topCropHeight(), 0.0);
         QCOMPARE(model->trackedActionCount(), 0);
     }
 
