@@ -22,8 +22,8 @@ public:
     Q_INVOKABLE QuorvaneSdkImageOutputFormat png() const { return QuorvaneSdkImageOutputFormat::png(); }
 
     /// A preset that loads \a imageURL. An empty \a outputURL lets the editor name a new file in Documents;
-    /// an empty \a newSize keeps the image's size. A file of more than \a maxImagePixels pixels is not
-    /// loaded (the error screen shows instead).
+    /// an empty or non-finite \a newSize keeps the image's size. A file of more than \a maxImagePixels pixels
+    /// is not loaded (the error screen shows instead).
     Q_INVOKABLE QuorvaneSdkImageEditorPreset presetFromImageUrl(
         const QUrl& imageURL,
         const QuorvaneSdkImageOutputFormat& outputFormat = QuorvaneSdkImageOutputFormat::jpg(100),

@@ -1,7 +1,18 @@
 #include "QuorvaneSdkImageEditorPreset.h"
 
+#include "Helpers/Finite.h"
 #include "Helpers/ImageHelpers.h"
 #include "Helpers/ImageLoader.h"
+
+namespace {
+
+// A size that is not finite cannot be resized to: the picture keeps its own, as without a size.
+std::optional<QSizeF> finiteOrNone(std::optional<QSizeF> size)
+{
+    return size && isFinite(*size) ? size : std::nullopt;
+}
+
+} // namespace
 
 QuorvaneSdkImageEditorPreset::QuorvaneSdkImageEditorPreset(const QImage& image,
                                                            QuorvaneSdkImageOutputFormat outputFormat,
@@ -10,7 +21,7 @@ QuorvaneSdkImageEditorPreset::QuorvaneSdkImageEditorPreset(const QImage& image,
     : m_image(ImageHelpers::redrawnAtScreenScale(image))
     , m_outputFormat(outputFormat)
     , m_outputURL(std::move(outputURL))
-    , m_newSize(newSize)
+    , m_newSize(finiteOrNone(newSize))
 {}
 
 QuorvaneSdkImageEditorPreset::QuorvaneSdkImageEditorPreset(const QUrl& imageURL,
@@ -20,7 +31,7 @@ QuorvaneSdkImageEditorPreset::QuorvaneSdkImageEditorPreset(const QUrl& imageURL,
                                                            qint64 maxImagePixels)
     : m_outputFormat(outputFormat)
     , m_outputURL(std::move(outputURL))
-    , m_newSize(newSize)
+    , m_newSize(finiteOrNone(newSize))
 {
     if (!imageURL.isLocalFile()) {
         m_loadFailure = QStringLiteral("\"%1\" is not a local file URL.").arg(imageURL.toString());

@@ -8,7 +8,7 @@
 #include <optional>
 
 /// What a host hands the editor: the picture, how to encode the result, where to write it and an optional
-/// size to resize it to.
+/// size to resize it to (a size that is not finite counts as none).
 class QuorvaneSdkImageEditorPreset
 {
     Q_GADGET

@@ -1,12 +1,16 @@
 #include "Editor/Helpers/ImageHelpers.h"
 #include "Editor/QuorvaneSdkImage.h"
 #include "Editor/QuorvaneSdkImageEditorPreset.h"
+#include "NonFinite.h"
 #include "TestImages.h"
 
 #include <QTemporaryDir>
 #include <QTest>
 
 using namespace TestImages;
+
+using PresetCall = std::function<QuorvaneSdkImageEditorPreset(QSizeF newSize)>;
+Q_DECLARE_METATYPE(PresetCall)
 
 class tst_QuorvaneSdkImageEditorPreset : public QObject
 {
@@ -115,6 +119,37 @@ private slots:
                                                    std::nullopt, limit);
         QCOMPARE(bool(preset.image()), loads);
         QCOMPARE(preset.loadFailure().contains(QStringLiteral("limit")), !loads);
+    }
+
+    void nonFiniteNewSize_keepsThePicturesSize_data()
+    {
+        // Whether the file loads does not matter: the size is taken either way.
+        const QUrl url = QUrl::fromLocalFile(m_dir.filePath(QStringLiteral("none.png")));
+        addNonFiniteRows<PresetCall>({
+            {"from an image",
+             [](QSizeF size) {
+                 return QuorvaneSdkImageEditorPreset(quadrants(QSize(12, 10)),
+                                                     QuorvaneSdkImageOutputFormat::png(), std::nullopt, size);
+             }},
+            {"from a URL",
+             [url](QSizeF size) {
+                 return QuorvaneSdkImageEditorPreset(url, QuorvaneSdkImageOutputFormat::png(), std::nullopt,
+                                                     size);
+             }},
+            {"presetFromImageUrl",
+             [url](QSizeF size) {
+                 return QuorvaneSdkImage().presetFromImageUrl(url, QuorvaneSdkImageOutputFormat::png(),
+                                                              QUrl(), size);
+             }},
+        });
+    }
+
+    void nonFiniteNewSize_keepsThePicturesSize()
+    {
+        QFETCH(PresetCall, call);
+        QFETCH(qreal, value);
+        QVERIFY(!call(QSizeF(value, 10)).newSize());
+        QVERIFY(!call(QSizeF(10, value)).newSize());
     }
 };
 

@@ -1,6 +1,7 @@
 #include "CanvasViewModel.h"
 
 #include "Editor/Common/BrandColor.h"
+#include "Editor/Helpers/Finite.h"
 #include "Editor/Helpers/ImageHelpers.h"
 
 #include <QColorSpace>
@@ -55,6 +56,12 @@ QImage strokeImage(QSizeF size, const QList<QPointF>& points, const QColor& colo
     return image;
 }
 
+void sayUnsupportedAlignment()
+{
+    std::fputs("No supported alignment\n", stdout);
+    std::fflush(stdout);
+}
+
 } // namespace
 
 CanvasViewModel::CanvasViewModel(QImage image, std::function<void(std::optional<QImage>)> returnAction,
@@ -85,7 +92,7 @@ void CanvasViewModel::setChoosingLineWidth(bool choosing)
 void CanvasViewModel::setupScreenSize(QSizeF size)
 {
     // A size without area is a layout still in progress, not the screen: it does not use up the one fit.
-    if (m_screenWasAlreadyConfigured || !(size.width() > 0) || !(size.height() > 0))
+    if (m_screenWasAlreadyConfigured || !isFinite(size) || !(size.width() > 0) || !(size.height() > 0))
         return;
     m_screenWasAlreadyConfigured = true;
     if (m_setupScreenSizeCounter == std::numeric_limits<int>::max())
@@ -102,7 +109,7 @@ void CanvasViewModel::setupScreenSize(QSizeF size)
 
 void CanvasViewModel::handleNewPoint(QPointF point, QSizeF frameSize)
 {
-    if (!frameContains(frameSize, point))
+    if (!isFinite(point) || !isFinite(frameSize) || !frameContains(frameSize, point))
         return;
     m_currentLine.points.append(point);
     emit currentLineChanged();
@@ -110,6 +117,8 @@ void CanvasViewModel::handleNewPoint(QPointF point, QSizeF frameSize)
 
 void CanvasViewModel::addFinalPoint(QPointF point, QSizeF frameSize)
 {
+    if (!isFinite(point) || !isFinite(frameSize))
+        return;
     handleNewPoint(point, frameSize);
     // A tap leaves its point in the stroke on purpose: it starts the next one.
     if (m_currentLine.points.size() < 2)
@@ -121,13 +130,17 @@ void CanvasViewModel::addFinalPoint(QPointF point, QSizeF frameSize)
     shifted.reserve(m_currentLine.points.size());
     for (const QPointF& p : std::as_const(m_currentLine.points))
         shifted.append(p - topLeft);
+    QImage picture = strokeImage(size, shifted, m_selectedColor, m_selectedlineWidth);
 
-    recordState();
-    QList<LineImagePtr> images = m_lineImages;
-    images.append(std::make_shared<LineImage>(
-        m_imageFrameSize, strokeImage(size, shifted, m_selectedColor, m_selectedlineWidth),
-        QSizeF(topLeft.x(), topLeft.y())));
-    setLineImages(std::move(images));
+    // A frame that shrank past the stroke leaves no box to draw in: the stroke is dropped, with no item and
+    // no undo step the user could not see, and the next one starts clean.
+    if (!picture.isNull()) {
+        recordState();
+        QList<LineImagePtr> images = m_lineImages;
+        images.append(std::make_shared<LineImage>(m_imageFrameSize, std::move(picture),
+                                                  QSizeF(topLeft.x(), topLeft.y())));
+        setLineImages(std::move(images));
+    }
     m_currentLine = Line();
     emit currentLineChanged();
 }
@@ -265,6 +278,8 @@ void CanvasViewModel::handleTapOnScreen(QPointF point)
 
 void CanvasViewModel::setLineWidth(qreal width)
 {
+    if (!isFinite(width))
+        return;
     if (width != m_selectedlineWidth) {
         m_selectedlineWidth = width;
         emit selectedlineWidthChanged();
@@ -370,25 +385,27 @@ void CanvasViewModel::rotate(Angle angle, bool overridePrevious)
 {
     if (!m_selectedLineImage)
         return;
-    m_selectedLineImage->setRotationAngle(overridePrevious ? angle
-                                                           : m_selectedLineImage->rotationAngle() + angle);
+    const Angle turned = overridePrevious ? angle : m_selectedLineImage->rotationAngle() + angle;
+    if (isFinite(turned.degrees()))
+        m_selectedLineImage->setRotationAngle(turned);
 }
 
 void CanvasViewModel::increaseScale()
 {
     if (m_selectedLineImage)
-        m_selectedLineImage->setMagnification(m_selectedLineImage->magnification() * 1.25);
+        scale(m_selectedLineImage->magnification() * 1.25);
 }
 
 void CanvasViewModel::decreaseScale()
 {
     if (m_selectedLineImage)
-        m_selectedLineImage->setMagnification(m_selectedLineImage->magnification() * 0.75);
+        scale(m_selectedLineImage->magnification() * 0.75);
 }
 
 void CanvasViewModel::scale(qreal factor)
 {
-    if (m_selectedLineImage)
+    // Also catches a scale that overflowed: an item the screen cannot draw.
+    if (m_selectedLineImage && isFinite(factor))
         m_selectedLineImage->setMagnification(factor);
 }
 
@@ -435,8 +452,7 @@ void CanvasViewModel::align(Alignment alignment)
         offset = {right, bottom};
         break;
     default:
-        std::fputs("No supported alignment\n", stdout);
-        std::fflush(stdout);
+        sayUnsupportedAlignment();
         return;
     }
     m_selectedLineImage->setOffset(offset);
@@ -447,7 +463,14 @@ void CanvasViewModel::alignTo(const QString& alignment)
     bool ok = false;
     const int value =
         QMetaEnum::fromType<CanvasAlignment::Alignment>().keyToValue(alignment.toLatin1().constData(), &ok);
-    align(ok ? Alignment(value) : Alignment(-1));
+    // An unknown name never becomes an enum value; it is refused as align() refuses one, and like align()
+    // only when there is an item to place.
+    if (!ok) {
+        if (m_selectedLineImage)
+            sayUnsupportedAlignment();
+        return;
+    }
+    align(Alignment(value));
 }
 
 void CanvasViewModel::cancel()

@@ -24,7 +24,8 @@ struct Line
 };
 
 /// The canvas page's state: overlay items over the image, the stroke being drawn, the drawing settings,
-/// the selected item, the active tool, and the undo history of item lists.
+/// the selected item, the active tool, and the undo history of item lists. A number that is not finite (a
+/// size, point, width, turn or scale) is ignored: no change, no signal, no undo step.
 class CanvasViewModel : public QObject, public TransformDelegate
 {
     Q_OBJECT
@@ -89,7 +90,8 @@ public:
     Q_INVOKABLE void setupScreenSize(QSizeF size);
     /// Adds \a point to the stroke if it lies in the canvas frame of \a frameSize.
     Q_INVOKABLE void handleNewPoint(QPointF point, QSizeF frameSize);
-    /// Ends the stroke at \a point and turns it into an item when it has two points or more.
+    /// Ends the stroke at \a point and turns it into an item when it has two points or more. A stroke left
+    /// with no box inside \a frameSize (the frame shrank past it) is dropped without an item.
     Q_INVOKABLE void addFinalPoint(QPointF point, QSizeF frameSize);
     QPointF getTopMostLeftPoint(const QList<QPointF>& points) const;
     QPointF getBottomMostRightPoint(const QList<QPointF>& points, QSizeF availableSize) const;

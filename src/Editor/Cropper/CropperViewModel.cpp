@@ -1,6 +1,7 @@
 #include "CropperViewModel.h"
 
 #include "Editor/Common/BrandColor.h"
+#include "Editor/Helpers/Finite.h"
 #include "Editor/Helpers/Notify.h"
 #include "Error/QuorvaneSdkImageError.h"
 
@@ -42,6 +43,8 @@ QPointF CropperViewModel::centerCropPosition() const
 
 void CropperViewModel::setupCropperLayout(QSizeF availableSize)
 {
+    if (!isFinite(availableSize))
+        return;
     const qreal s = aspectRatio(availableSize);
     const qreal r = aspectRatio(m_currentImage.deviceIndependentSize());
     const qreal q = 1.0 / r;
@@ -93,7 +96,7 @@ bool CropperViewModel::isValidLocation(QPointF p) const
 
 void CropperViewModel::handleDragging(QPointF p)
 {
-    if (!isValidLocation(p))
+    if (!isFinite(p) || !isValidLocation(p))
         return;
     saveCurrentImageVersionIfNeeded();
     updateCropBackgroundIfNeeded();
@@ -213,14 +216,14 @@ std::optional<QImage> CropperViewModel::cropImage()
 
 void CropperViewModel::rotateLeft(bool trackAction)
 {
-    setRotationAngle(m_rotationAngle + Angle::degrees(-90));
+    turnTo(m_rotationAngle + Angle::degrees(-90));
     if (trackAction)
         track([](CropperViewModel& model) { model.rotateRight(false); });
 }
 
 void CropperViewModel::rotateRight(bool trackAction)
 {
-    setRotationAngle(m_rotationAngle + Angle::degrees(90));
+    turnTo(m_rotationAngle + Angle::degrees(90));
     if (trackAction)
         track([](CropperViewModel& model) { model.rotateLeft(false); });
 }
@@ -291,6 +294,8 @@ void CropperViewModel::saveCurrentImageVersionIfNeeded()
     const Angle rotation = m_rotationAngle;
     const bool horizontally = m_flipHorizontally;
     const bool vertically = m_flipVertically;
+    // Undo writes back the frame as the drag found it, even after a new layout; the angle assigned after it
+    // leaves that frame alone.
     track([=](CropperViewModel& model) {
         model.setTopCropFactor(top);
         model.setBottomCropFactor(bottom);
@@ -356,11 +361,17 @@ void CropperViewModel::recomputeBands()
     setTrailingCropFactor(m_trailingCropFactor);
 }
 
+void CropperViewModel::turnTo(Angle angle)
+{
+    setRotationAngle(angle);
+    // The rectangle keeps its place on the image, not on the screen: same factors, turned frame.
+    setImageFrameSize(angle.isPortrait() ? m_portraitSize : m_landscapeSize);
+}
+
 void CropperViewModel::setRotationAngle(Angle angle)
 {
     assignAndNotify(this, m_rotationAngle, angle, &CropperViewModel::rotationAngleChanged);
-    // The rectangle keeps its place on the image, not on the screen: same factors, turned frame.
-    setImageFrameSize(angle.isPortrait() ? m_portraitSize : m_landscapeSize);
+    // The flip buttons' tints depend on the turn.
     setFlips(m_flipHorizontally, m_flipVertically);
 }
 

@@ -16,7 +16,8 @@
 #include <optional>
 
 /// The crop screen's state: the displayed frame, the crop rectangle (four fractions of the frame), the turn
-/// and flips, and the undo list. Lengths are in points of the screen.
+/// and flips, and the undo list. Lengths are in points of the screen. A size or location that is not finite
+/// is ignored.
 class CropperViewModel : public QObject
 {
     Q_OBJECT
@@ -160,6 +161,9 @@ private:
     void setTrailingCropFactor(qreal factor);
     void setImageFrameSize(QSizeF size);
     void recomputeBands();
+    /// A quarter turn: the angle and the frame that fits it.
+    void turnTo(Angle angle);
+    /// The angle alone; the frame stays as it is.
     void setRotationAngle(Angle angle);
     void setFlips(bool horizontally, bool vertically);
     void setCropBorderColor(const QColor& color);

@@ -1,4 +1,5 @@
 #include "Editor/Canvas/LineImage/LineImageViewModel.h"
+#include "NonFinite.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -14,21 +15,19 @@ LineImagePtr item(QSizeF offset = QSizeF(6, 6))
 
 } // namespace
 
+using MirrorCall = std::function<void(LineImageViewModel&, qreal)>;
+Q_DECLARE_METATYPE(MirrorCall)
+
 class tst_LineImage : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void newItem_hasDefaultsAndAFreshId()
+    void newItem_hasAFreshId()
     {
         const LineImagePtr a = item();
-        const LineImagePtr b = item();
-        QVERIFY(a->id() != b->id());
+        QVERIFY(a->id() != item()->id());
         QCOMPARE(a->id(), a->id().toUpper());
-        QCOMPARE(a->rotationAngle().degrees(), 0.0);
-        QCOMPARE(a->magnification(), 1.0);
-        QVERIFY(!a->isTransformEnabled());
-        QVERIFY(!a->isSelected());
     }
 
     void everyAssignment_isAnnounced_evenWithoutChange()
@@ -108,6 +107,43 @@ private slots:
         QCOMPARE(line->magnification(), 2.5);
         QCOMPARE(line->offset(), QSizeF(16, 1));
         QCOMPARE(line->rotationAngle().degrees(), 20.0);
+    }
+
+    void nonFiniteNumbers_areIgnored_data()
+    {
+        addNonFiniteRows<MirrorCall>({
+            {"offset", [](LineImageViewModel& m, qreal v) { m.setProperty("offset", QSizeF(v, 0)); }},
+            {"rotationAngle", [](LineImageViewModel& m, qreal v) { m.setProperty("rotationAngle", v); }},
+            {"magnification", [](LineImageViewModel& m, qreal v) { m.setProperty("magnification", v); }},
+            {"endDrag", [](LineImageViewModel& m, qreal v) { m.endDrag(QSizeF(0, v)); }},
+            {"endRotation", [](LineImageViewModel& m, qreal v) { m.endRotation(v); }},
+            {"endMagnification", [](LineImageViewModel& m, qreal v) { m.endMagnification(v); }},
+        });
+        // A finite pinch whose product is not.
+        QTest::newRow("endMagnification, overflowing")
+            << MirrorCall([](LineImageViewModel& m, qreal v) { m.endMagnification(v); })
+            << std::numeric_limits<qreal>::max();
+    }
+
+    void nonFiniteNumbers_areIgnored()
+    {
+        QFETCH(MirrorCall, call);
+        QFETCH(qreal, value);
+        const LineImagePtr line = item();
+        line->setRotationAngle(Angle::degrees(30));
+        line->setMagnification(1.25);
+        LineImageViewModel mirror(line);
+        const SignalCounter emitted({&mirror, line.get()});
+
+        call(mirror, value);
+
+        QCOMPARE(emitted.count(), 0);
+        QCOMPARE(line->offset(), QSizeF(6, 6));
+        QCOMPARE(line->rotationAngle().degrees(), 30.0);
+        QCOMPARE(line->magnification(), 1.25);
+        QCOMPARE(mirror.offset(), line->offset());
+        QCOMPARE(mirror.rotationAngle(), 30.0);
+        QCOMPARE(mirror.magnification(), 1.25);
     }
 };
 

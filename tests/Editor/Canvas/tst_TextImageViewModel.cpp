@@ -1,5 +1,6 @@
 #include "Editor/Canvas/TextImage/TextImageViewModel.h"
 
+#include <QSignalSpy>
 #include <QTest>
 
 namespace {
@@ -101,23 +102,27 @@ private slots:
         QCOMPARE(pixelsOf(large, Qt::white), 0);
     }
 
-    void textSize_staysWithinItsRange_data()
+    void textSize_staysWithinItsRange_andIgnoresNonFiniteSizes_data()
     {
         QTest::addColumn<qreal>("asked");
         QTest::addColumn<qreal>("kept");
         QTest::newRow("below") << 1.0 << 5.0;
         QTest::newRow("inside") << 33.0 << 33.0;
         QTest::newRow("above") << 80.0 << 50.0;
+        QTest::newRow("NaN") << qQNaN() << 20.0;
+        QTest::newRow("+inf") << qInf() << 20.0;
+        QTest::newRow("-inf") << -qInf() << 20.0;
     }
 
-    void textSize_staysWithinItsRange()
+    void textSize_staysWithinItsRange_andIgnoresNonFiniteSizes()
     {
         QFETCH(qreal, asked);
         QFETCH(qreal, kept);
         TextImageViewModel model;
-        QCOMPARE(model.textSize(), 20.0);
-        model.setTextSize(asked);
+        QSignalSpy changes(&model, &TextImageViewModel::textSizeChanged);
+        model.setProperty("textSize", asked);
         QCOMPARE(model.textSize(), kept);
+        QCOMPARE(changes.count(), kept == 20.0 ? 0 : 1);
     }
 
     void emptyText_rendersNothing()

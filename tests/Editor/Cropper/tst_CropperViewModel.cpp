@@ -1,6 +1,7 @@
 #include "Editor/Common/BrandColor.h"
 #include "Editor/Cropper/CropperViewModel.h"
 #include "Error/QuorvaneSdkImageError.h"
+#include "NonFinite.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -58,6 +59,8 @@ struct Snapshot
 } // namespace
 
 Q_DECLARE_METATYPE(Edge)
+using CropperCall = std::function<void(CropperViewModel&, qreal)>;
+Q_DECLARE_METATYPE(CropperCall)
 
 class tst_CropperViewModel : public QObject
 {
@@ -254,24 +257,53 @@ private slots:
         QCOMPARE(model->bottomCropHeight(), 7.5);
     }
 
-    void frame_alwaysFitsTheCurrentLayoutAndTurn()
+    void undo_ofADragRestoresItsFrame_ofATurnFitsTheLayout()
     {
-        // A frame is never restored from an older layout: after the screen changes, every undo leaves a
-        // frame that fits the screen as it is now.
         auto model = laidOut();
-        drag(*model, {{100, 285}});
-        model->rotateRight(true);
-
+        drag(*model, {{100, 5}, {100, 20}}); // upright, frame 390 × 292.5: top to 20
+        model->rotateRight(true);            // frame 520 × 390: top at 26.67
+        drag(*model, {{100, 30}});           // turned: top to 30
         model->setupCropperLayout(QSizeF(780, 1200));
         QCOMPARE(model->imageFrameSize(), QSizeF(1040, 780)); // turned, it shows 780 wide
-        model->undoLastAction();
-        QCOMPARE(model->imageFrameSize(), QSizeF(780, 585));
-        QCOMPARE(model->bottomCropHeight(), 585 * (1 - 285 / 292.5));
-        model->undoLastAction();
 
+        // A drag comes undone with the frame it started from, from an older layout too, and with its turn.
+        model->undoLastAction();
+        QCOMPARE(model->imageFrameSize(), QSizeF(520, 390));
+        QCOMPARE(model->rotationDegrees(), 90.0);
+        QCOMPARE(model->topCropHeight(), 390 * (20 / 292.5));
+        // A turn comes undone with the frame that fits the layout as it is now.
+        model->undoLastAction();
         QCOMPARE(model->imageFrameSize(), QSizeF(780, 585));
-        QCOMPARE(model->bottomCropPosition(), 585.0);
+        QCOMPARE(model->topCropHeight(), 585 * (20 / 292.5));
+        model->undoLastAction();
+        QCOMPARE(model->imageFrameSize(), QSizeF(390, 292.5));
+        QCOMPARE(model->topCropHeight(), 0.0);
         QCOMPARE(model->trackedActionCount(), 0);
+    }
+
+    void nonFiniteNumbers_areIgnored_data()
+    {
+        addNonFiniteRows<CropperCall>({
+            {"setupCropperLayout",
+             [](CropperViewModel& m, qreal v) { m.setupCropperLayout(QSizeF(v, 600)); }},
+            {"handleDragging", [](CropperViewModel& m, qreal v) { m.handleDragging(QPointF(100, v)); }},
+        });
+    }
+
+    void nonFiniteNumbers_areIgnored()
+    {
+        QFETCH(CropperCall, call);
+        QFETCH(qreal, value);
+        auto model = laidOut();
+        drag(*model, {{20, 20}, {40, 30}});
+        const Snapshot before = Snapshot::of(*model);
+        const SignalCounter emitted({model.get()});
+
+        call(*model, value);
+
+        QCOMPARE(emitted.count(), 0);
+        QCOMPARE(Snapshot::of(*model), before);
+        QCOMPARE(model->trackedActionCount(), 1);
     }
 
     void centreMove_isDroppedWholeAtABorder()
@@ -388,6 +420,8 @@ private slots:
         model->undoLastAction();
         QCOMPARE(Snapshot::of(*model), before);
         QCOMPARE(model->trackedActionCount(), 0);
+        model->undoLastAction(); // nothing left to undo
+        QCOMPARE(Snapshot::of(*model), before);
     }
 
     void undo_restoresTheExactStateBeforeEachEdit_data()
@@ -432,15 +466,6 @@ private slots:
 
         QCOMPARE(Snapshot::of(*model), before);
         QCOMPARE(model->trackedActionCount(), steps);
-    }
-
-    void undo_withNothingToUndo_doesNothing()
-    {
-        auto model = laidOut();
-        const Snapshot before = Snapshot::of(*model);
-        model->undoLastAction();
-        QCOMPARE(Snapshot::of(*model), before);
-        QCOMPARE(model->trackedActionCount(), 0);
     }
 
     void undoCallbacks_outliveTheirModelHarmlessly()
@@ -540,6 +565,7 @@ private slots:
         QCOMPARE(results.size(), returns);
         if (returns > 0)
             QCOMPARE(results.first().has_value(), withImage);
+        QVERIFY(!model.isCroppingInProgress());
     }
 
     void cancel_whileCropping_doesNothing()
@@ -560,15 +586,6 @@ private slots:
         QVERIFY(inProgress);
         QCOMPARE(results.size(), 1);
         QVERIFY(results.first().has_value());
-    }
-
-    void cropImage_whenTheServiceFails_givesNothing()
-    {
-        auto model = laidOut();
-        m_cropper->fail = true;
-        QVERIFY(!model->cropImage());
-        m_cropper->fail = false;
-        QVERIFY(!model->isCroppingInProgress());
     }
 };
 

@@ -1,5 +1,7 @@
 #include "LineImageViewModel.h"
 
+#include "Editor/Helpers/Finite.h"
+
 LineImageViewModel::LineImageViewModel(LineImagePtr line, QObject* parent)
     : QObject(parent)
     , m_lineImage(std::move(line))
@@ -40,8 +42,12 @@ LineImageViewModel::LineImageViewModel(LineImagePtr line, QObject* parent)
     });
 }
 
+// A value the screen cannot show is refused before it reaches the item: NaN never equals itself, so it
+// would also echo between item and mirror without end.
 void LineImageViewModel::setOffset(QSizeF offset)
 {
+    if (!isFinite(offset))
+        return;
     m_offset = offset;
     emit offsetChanged();
     m_lineImage->setOffset(offset);
@@ -49,6 +55,8 @@ void LineImageViewModel::setOffset(QSizeF offset)
 
 void LineImageViewModel::setRotationAngle(qreal degrees)
 {
+    if (!isFinite(degrees))
+        return;
     m_rotationAngle = degrees;
     emit rotationAngleChanged();
     m_lineImage->setRotationAngle(Angle::degrees(degrees));
@@ -56,6 +64,8 @@ void LineImageViewModel::setRotationAngle(qreal degrees)
 
 void LineImageViewModel::setMagnification(qreal magnification)
 {
+    if (!isFinite(magnification))
+        return;
     m_magnification = magnification;
     emit magnificationChanged();
     m_lineImage->setMagnification(magnification);

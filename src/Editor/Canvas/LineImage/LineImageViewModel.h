@@ -6,7 +6,8 @@
 #include <QtQml/qqmlregistration.h>
 
 /// The on-screen mirror of one overlay item. Offset, turn and scale flow both ways; the two flags flow from
-/// the item only. Gestures show live values on screen and commit here when they end.
+/// the item only. Gestures show live values on screen and commit here when they end. A value that is not
+/// finite, given or reached by overflow, is ignored.
 class LineImageViewModel : public QObject
 {
     Q_OBJECT

@@ -1,5 +1,6 @@
 #include "TextImageViewModel.h"
 
+#include "Editor/Helpers/Finite.h"
 #include "Editor/Helpers/ImageHelpers.h"
 #include "Editor/Helpers/Notify.h"
 
@@ -53,6 +54,9 @@ void TextImageViewModel::setItalic(bool italic)
 
 void TextImageViewModel::setTextSize(qreal size)
 {
+    // Infinities are ignored rather than clamped: they are no size a slider gives.
+    if (!isFinite(size))
+        return;
     assignAndNotify(this, m_textSize, std::clamp(size, minimumTextSize(), maximumTextSize()),
                     &TextImageViewModel::textSizeChanged);
 }

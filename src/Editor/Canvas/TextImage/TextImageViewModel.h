@@ -17,7 +17,7 @@ class TextImageViewModel : public QObject
     Q_PROPERTY(bool isUppercase READ isUppercase WRITE setUppercase NOTIFY isUppercaseChanged)
     Q_PROPERTY(bool isBold READ isBold WRITE setBold NOTIFY isBoldChanged)
     Q_PROPERTY(bool isItalic READ isItalic WRITE setItalic NOTIFY isItalicChanged)
-    /// Points, from minimumTextSize to maximumTextSize.
+    /// Points, kept between minimumTextSize and maximumTextSize; a value that is not finite is ignored.
     Q_PROPERTY(qreal textSize READ textSize WRITE setTextSize NOTIFY textSizeChanged)
     Q_PROPERTY(QColor selectedColor READ selectedColor WRITE setSelectedColor NOTIFY selectedColorChanged)
     Q_PROPERTY(qreal minimumTextSize READ minimumTextSize CONSTANT)
