@@ -167,6 +167,51 @@ QByteArray jpegDeclaring(quint16 width, quint16 height)
     return jpeg;
 }
 
+QByteArray mngDeclaring(quint32 width, quint32 height)
+{
+    // Frame width and height, ticks per second, layer count, frame count, play time, simplicity profile.
+    QByteArray header(28, '\0');
+    qToBigEndian(width, header.data());
+    qToBigEndian(height, header.data() + 4);
+    qToBigEndian(quint32(1), header.data() + 8);
+    qToBigEndian(quint32(1), header.data() + 24);
+    return QByteArray("\x8aMNG\r\n\x1a\n", 8) + chunk("MHDR", header);
+}
+
+QByteArray gifDeclaring(quint16 width, quint16 height)
+{
+    QByteArray gif("GIF89a");
+    QByteArray screen(7, '\0');
+    qToLittleEndian(width, screen.data());
+    qToLittleEndian(height, screen.data() + 2);
+    screen[4] = char(0x80); // a global colour table of two entries
+    gif += screen + QByteArray::fromHex("000000ffffff");
+    // One 1×1 frame at the origin, its LZW data (minimum code size 2), the trailer.
+    gif += QByteArray::fromHex("2c00000000010001000002024401003b");
+    return gif;
+}
+
+QByteArray iconHolding(const char* format, const QByteArray& png)
+{
+    if (qstrcmp(format, "icns") == 0) {
+        // One 1024×1024 retina entry.
+        QByteArray entry("ic10");
+        entry.append(4, '\0');
+        qToBigEndian(quint32(8 + png.size()), entry.data() + 4);
+        QByteArray icns("icns");
+        icns.append(4, '\0');
+        qToBigEndian(quint32(8 + entry.size() + png.size()), icns.data() + 4);
+        return icns + entry + png;
+    }
+    // Reserved, type 1 (icon), one entry: 256 × 256 (stored as 0), no palette, 1 plane, 32 bits, size,
+    // offset.
+    QByteArray ico = QByteArray::fromHex("000001000100") + QByteArray::fromHex("0000000001002000");
+    QByteArray sizeAndOffset(8, '\0');
+    qToLittleEndian(quint32(png.size()), sizeAndOffset.data());
+    qToLittleEndian(quint32(6 + 16), sizeAndOffset.data() + 4);
+    return ico + sizeAndOffset + png;
+}
+
 bool writeFile(const QString& path, const QByteArray& bytes)
 {
     QFile file(path);

@@ -37,6 +37,15 @@ QByteArray pngDeclaring(quint32 width, quint32 height);
 /// A small real JPEG whose frame header is patched to declare \a width × \a height pixels.
 QByteArray jpegDeclaring(quint16 width, quint16 height);
 
+/// A 48-byte MNG: its signature and a header declaring a \a width × \a height frame, nothing else.
+QByteArray mngDeclaring(quint32 width, quint32 height);
+
+/// A GIF whose logical screen is \a width × \a height pixels, holding one frame of one pixel.
+QByteArray gifDeclaring(quint16 width, quint16 height);
+
+/// A Windows icon (format "ico") or an Apple icon (format "icns") holding \a png as its one picture.
+QByteArray iconHolding(const char* format, const QByteArray& png);
+
 /// Writes \a bytes to \a path; fails the calling test on error.
 bool writeFile(const QString& path, const QByteArray& bytes);
 

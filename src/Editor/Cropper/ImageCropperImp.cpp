@@ -42,27 +42,12 @@ QImage ImageCropperImp::crop(const QuorvaneSdkImageCropInput& input)
     validateCropRange(input);
     const QRectF rect(double(input.startXPoint), double(input.startYPoint), double(input.width),
                       double(input.height));
-    if (auto done = cropInOnePass(input, rect))
-        return std::move(*done);
-    std::optional<QImage> cut = crop(input.image, rect);
-    if (!cut) {
+    std::optional<QImage> result = crop(input, rect);
+    if (!result) {
         log("crop image failed", SharedQuorvaneSdkLogSeverity::error);
         throw QuorvaneSdkImageError(QuorvaneSdkImageError::unableToCropImage);
     }
-    QImage result = std::move(*cut);
-    if (input.rotation.radians() != 0.0)
-        result = ImageHelpers::rotate(result, input.rotation.radians()).value_or(result);
-    // At a quarter turn the image's own axes are swapped on screen, so are the flips.
-    const bool portrait = input.rotation.isPortrait();
-    if (input.flipHorizontally)
-        result =
-            (portrait ? ImageHelpers::horizontallyFlipped(result) : ImageHelpers::verticallyFlipped(result))
-                .value_or(result);
-    if (input.flipVertically)
-        result =
-            (portrait ? ImageHelpers::verticallyFlipped(result) : ImageHelpers::horizontallyFlipped(result))
-                .value_or(result);
-    return result;
+    return std::move(*result);
 }
 
 void ImageCropperImp::validateCropRange(const QuorvaneSdkImageCropInput& input)
@@ -80,9 +65,10 @@ void ImageCropperImp::validateCropRange(const QuorvaneSdkImageCropInput& input)
     }
 }
 
-std::optional<QImage> ImageCropperImp::crop(const QImage& original, const QRectF& cropRect)
+std::optional<QImage> ImageCropperImp::crop(const QuorvaneSdkImageCropInput& input, const QRectF& cropRect)
 {
     log("crop image");
+    const QImage& original = input.image;
     if (original.isNull())
         return std::nullopt;
     const qreal scale = original.devicePixelRatio();
@@ -95,33 +81,24 @@ std::optional<QImage> ImageCropperImp::crop(const QImage& original, const QRectF
                       QPoint(int(std::ceil(pixels.right())) - 1, int(std::ceil(pixels.bottom())) - 1));
     if (!original.rect().contains(whole))
         return std::nullopt;
-    QImage cut = original.copy(whole);
-    if (cut.isNull())
-        return std::nullopt;
-    cut.setDevicePixelRatio(scale);
-    return cut;
-}
 
-std::optional<QImage> ImageCropperImp::cropInOnePass(const QuorvaneSdkImageCropInput& input,
-                                                     const QRectF& cropRect)
-{
-    const double quarters = input.rotation.degrees() / 90.0;
-    const qreal scale = input.image.devicePixelRatio();
-    const QRectF pixels(cropRect.x() * scale, cropRect.y() * scale, cropRect.width() * scale,
-                        cropRect.height() * scale);
-    const auto whole = [](qreal v) { return std::isfinite(v) && v == std::floor(v) && std::abs(v) < 1e9; };
-    // Only where every step moves whole pixels is one pass the same as cut, turn and flips in turn.
-    if (!whole(quarters) || !whole(pixels.x()) || !whole(pixels.y()) || !whole(pixels.width()) ||
-        !whole(pixels.height()) || pixels.width() <= 0 || pixels.height() <= 0)
-        return std::nullopt;
+    // At a quarter turn the image's own axes are swapped on screen, so are the flips.
     const bool portrait = input.rotation.isPortrait();
     const bool mirrorLeftRight = portrait ? input.flipHorizontally : input.flipVertically;
     const bool mirrorTopBottom = portrait ? input.flipVertically : input.flipHorizontally;
-    const QRect pixelRect(int(pixels.x()), int(pixels.y()), int(pixels.width()), int(pixels.height()));
-    auto result = ImageHelpers::cutTurnedAndMirrored(input.image, pixelRect, int(std::fmod(quarters, 4.0)),
+    // The cut, the turn and the flips read the original once and write one image: a photo-sized cut or
+    // turned copy in between would cost as much memory as the photo itself.
+    const double quarters = input.rotation.degrees() / 90.0;
+    std::optional<QImage> result;
+    if (QRectF(whole) == pixels && quarters == std::floor(quarters) && std::abs(quarters) < 1e9)
+        result = ImageHelpers::cutTurnedAndMirrored(original, whole, int(std::fmod(quarters, 4.0)),
+                                                    mirrorLeftRight, mirrorTopBottom);
+    else if (input.rotation.radians() != 0.0)
+        result = ImageHelpers::cutRotatedAndMirrored(original, whole, input.rotation.radians(),
                                                      mirrorLeftRight, mirrorTopBottom);
-    if (result)
-        log("crop image");
+    // No turn, or one that could not be made: the cut stays as it is.
+    if (!result)
+        result = ImageHelpers::cutTurnedAndMirrored(original, whole, 0, mirrorLeftRight, mirrorTopBottom);
     return result;
 }
 

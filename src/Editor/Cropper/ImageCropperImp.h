@@ -16,7 +16,5 @@ public:
 
 private:
     static void validateCropRange(const QuorvaneSdkImageCropInput& input);
-    static std::optional<QImage> crop(const QImage& original, const QRectF& cropRect);
-    static std::optional<QImage> cropInOnePass(const QuorvaneSdkImageCropInput& input,
-                                               const QRectF& cropRect);
+    static std::optional<QImage> crop(const QuorvaneSdkImageCropInput& input, const QRectF& cropRect);
 };

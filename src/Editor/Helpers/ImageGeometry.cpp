@@ -34,48 +34,100 @@ QImage turnedExactly(const QImage& image, int quarters)
     }
 }
 
+struct Canvas
+{
+    QSizeF points;
+    QSize pixels;
+};
+
+// What rotate() draws an image of size points on: the floor of the turned bounding box, in points.
+Canvas canvasFor(QSizeF size, qreal scale, double radians)
+{
+    const QRectF bounds = QTransform().rotateRadians(radians).mapRect(QRectF(QPointF(0, 0), size));
+    const QSizeF points(std::floor(bounds.width()), std::floor(bounds.height()));
+    return {points, QSize(int(std::ceil(points.width() * scale)), int(std::ceil(points.height() * scale)))};
+}
+
+// The part of the image under pixels that, turned by turns quarters, becomes part r of the turned cut.
+QRect behindTurn(const QRect& pixels, int turns, const QRect& r)
+{
+    const int w = pixels.width();
+    const int h = pixels.height();
+    QRect inCut = r;
+    switch (turns) {
+    case 1:
+        inCut = QRect(r.y(), h - r.x() - r.width(), r.height(), r.width());
+        break;
+    case 2:
+        inCut = QRect(w - r.x() - r.width(), h - r.y() - r.height(), r.width(), r.height());
+        break;
+    case 3:
+        inCut = QRect(w - r.y() - r.height(), r.x(), r.height(), r.width());
+        break;
+    default:
+        break;
+    }
+    return inCut.translated(pixels.topLeft());
+}
+
+// Output pixel (u, v) of result is the N-byte pixel at rowStart + u·step + v·rowStep (steps in bytes).
+template <int N>
+void copyPixels(const uchar* rowStart, qsizetype step, qsizetype rowStep, bool sideways, QImage& result)
+{
+    const int outW = result.width();
+    const int outH = result.height();
+    uchar* target = result.bits();
+    const qsizetype targetStride = result.bytesPerLine();
+    if (!sideways) {
+        for (int v = 0; v < outH; ++v, rowStart += rowStep) {
+            uchar* out = target + qsizetype(v) * targetStride;
+            if (step == N) {
+                std::memcpy(out, rowStart, size_t(outW) * N);
+            } else {
+                for (int u = 0; u < outW; ++u)
+                    std::memcpy(out + qsizetype(u) * N, rowStart - qsizetype(u) * N, N);
+            }
+        }
+        return;
+    }
+    // Sideways, each output row walks down a source column: work in tiles so the columns stay in cache.
+    constexpr int kTile = 64;
+    for (int tileV = 0; tileV < outH; tileV += kTile) {
+        const int endV = std::min(outH, tileV + kTile);
+        for (int tileU = 0; tileU < outW; tileU += kTile) {
+            const int endU = std::min(outW, tileU + kTile);
+            for (int v = tileV; v < endV; ++v) {
+                uchar* out = target + qsizetype(v) * targetStride;
+                const uchar* in = rowStart + qsizetype(v) * rowStep + qsizetype(tileU) * step;
+                for (int u = tileU; u < endU; ++u, in += step)
+                    std::memcpy(out + qsizetype(u) * N, in, N);
+            }
+        }
+    }
+}
+
+bool copiesWholeBytes(const QImage& image)
+{
+    switch (image.depth()) {
+    case 8:
+    case 16:
+    case 24:
+    case 32:
+    case 64:
+    case 128:
+        return true;
+    default:
+        return false;
+    }
+}
+
 } // namespace
 
 std::optional<QImage> rotate(const QImage& image, double radians)
 {
-    if (image.isNull() || !std::isfinite(radians))
+    if (image.isNull())
         return std::nullopt;
-    const qreal scale = image.devicePixelRatio();
-    const QSizeF size = image.deviceIndependentSize();
-    const QRectF bounds = QTransform().rotateRadians(radians).mapRect(QRectF(QPointF(0, 0), size));
-    const QSizeF canvasPoints(std::floor(bounds.width()), std::floor(bounds.height()));
-    const QSize canvasPixels(int(std::ceil(canvasPoints.width() * scale)),
-                             int(std::ceil(canvasPoints.height() * scale)));
-    if (canvasPixels.isEmpty())
-        return std::nullopt;
-
-    if (const auto quarters = quarterTurns(radians)) {
-        QImage turned = turnedExactly(image, *quarters);
-        if (turned.isNull())
-            return std::nullopt;
-        // A fractional point size floors the canvas below the turned bitmap: cut it centred, on whole pixels,
-        // so that no pixel is resampled.
-        if (turned.size() != canvasPixels) {
-            const QPoint offset((turned.width() - canvasPixels.width()) / 2,
-                                (turned.height() - canvasPixels.height()) / 2);
-            turned = turned.copy(QRect(offset, canvasPixels));
-        }
-        keepMetadata(turned, image);
-        return turned;
-    }
-
-    QImage canvas(canvasPixels, QImage::Format_ARGB32_Premultiplied);
-    if (canvas.isNull())
-        return std::nullopt;
-    keepMetadata(canvas, image);
-    canvas.fill(Qt::transparent);
-    QPainter painter(&canvas);
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-    painter.translate(canvasPoints.width() / 2, canvasPoints.height() / 2);
-    painter.rotate(qRadiansToDegrees(radians));
-    painter.drawImage(QRectF(QPointF(-size.width() / 2, -size.height() / 2), size), image);
-    painter.end();
-    return canvas;
+    return cutRotatedAndMirrored(image, image.rect(), radians, false, false);
 }
 
 std::optional<QImage> horizontallyFlipped(const QImage& image)
@@ -99,19 +151,28 @@ std::optional<QImage> verticallyFlipped(const QImage& image)
 std::optional<QImage> cutTurnedAndMirrored(const QImage& image, const QRect& pixels, int quarterTurns,
                                            bool mirrorLeftRight, bool mirrorTopBottom)
 {
-    const QImage::Format format = image.format();
-    if (pixels.isEmpty() || !image.rect().contains(pixels) ||
-        (format != QImage::Format_RGB32 && format != QImage::Format_ARGB32 &&
-         format != QImage::Format_ARGB32_Premultiplied))
+    if (pixels.isEmpty() || !image.rect().contains(pixels))
         return std::nullopt;
     const int turns = ((quarterTurns % 4) + 4) % 4;
+    if (turns == 0 && !mirrorLeftRight && !mirrorTopBottom && pixels == image.rect())
+        return image;
+    if (!copiesWholeBytes(image)) {
+        // Pixels smaller than a byte: Qt's own steps.
+        QImage result = turnedExactly(image.copy(pixels), turns).mirrored(mirrorLeftRight, mirrorTopBottom);
+        if (result.isNull())
+            return std::nullopt;
+        keepMetadata(result, image);
+        return result;
+    }
     const int w = pixels.width();
     const int h = pixels.height();
     const bool sideways = turns % 2 == 1;
-    QImage result = newImage(sideways ? QSize(h, w) : QSize(w, h), format);
+    QImage result = newImage(sideways ? QSize(h, w) : QSize(w, h), image.format());
     if (result.isNull())
         return std::nullopt;
     keepMetadata(result, image);
+    if (image.colorCount() > 0)
+        result.setColorTable(image.colorTable());
 
     // Destination pixel (u, v) reads source pixel origin + u·du + v·dv: the cut, the turn and the mirrors
     // composed into one affine walk over whole pixels.
@@ -145,39 +206,82 @@ std::optional<QImage> cutTurnedAndMirrored(const QImage& image, const QRect& pix
     }
     origin += pixels.topLeft();
 
-    const auto* source = reinterpret_cast<const quint32*>(image.constBits());
-    const qsizetype sourceStride = image.bytesPerLine() / 4;
-    const qsizetype step = qsizetype(du.x()) + qsizetype(du.y()) * sourceStride;
-    const qsizetype rowStep = qsizetype(dv.x()) + qsizetype(dv.y()) * sourceStride;
-    const quint32* rowStart = source + origin.x() + qsizetype(origin.y()) * sourceStride;
-    auto* target = reinterpret_cast<quint32*>(result.bits());
-    const qsizetype targetStride = result.bytesPerLine() / 4;
-    if (!sideways) {
-        for (int v = 0; v < outH; ++v, rowStart += rowStep) {
-            quint32* out = target + qsizetype(v) * targetStride;
-            if (step == 1) {
-                std::memcpy(out, rowStart, size_t(outW) * 4);
-            } else {
-                for (int u = 0; u < outW; ++u)
-                    out[u] = rowStart[-u];
-            }
+    const qsizetype bytes = image.depth() / 8;
+    const qsizetype stride = image.bytesPerLine();
+    const qsizetype step = du.x() * bytes + du.y() * stride;
+    const qsizetype rowStep = dv.x() * bytes + dv.y() * stride;
+    const uchar* rowStart = image.constBits() + origin.x() * bytes + origin.y() * stride;
+    switch (bytes) {
+    case 1:
+        copyPixels<1>(rowStart, step, rowStep, sideways, result);
+        break;
+    case 2:
+        copyPixels<2>(rowStart, step, rowStep, sideways, result);
+        break;
+    case 3:
+        copyPixels<3>(rowStart, step, rowStep, sideways, result);
+        break;
+    case 4:
+        copyPixels<4>(rowStart, step, rowStep, sideways, result);
+        break;
+    case 8:
+        copyPixels<8>(rowStart, step, rowStep, sideways, result);
+        break;
+    default:
+        copyPixels<16>(rowStart, step, rowStep, sideways, result);
+        break;
+    }
+    return result;
+}
+
+std::optional<QImage> cutRotatedAndMirrored(const QImage& image, const QRect& pixels, double radians,
+                                            bool mirrorLeftRight, bool mirrorTopBottom)
+{
+    if (pixels.isEmpty() || !image.rect().contains(pixels) || !std::isfinite(radians))
+        return std::nullopt;
+    const qreal scale = image.devicePixelRatio();
+    const QSizeF size(pixels.width() / scale, pixels.height() / scale);
+    const Canvas canvas = canvasFor(size, scale, radians);
+    if (canvas.pixels.isEmpty())
+        return std::nullopt;
+
+    if (const auto quarters = quarterTurns(radians)) {
+        const QSize turned = *quarters % 2 == 1 ? pixels.size().transposed() : pixels.size();
+        // A fractional point size floors the canvas below the turned cut: its centre, on whole pixels, so
+        // that no pixel is resampled.
+        if (canvas.pixels.width() <= turned.width() && canvas.pixels.height() <= turned.height()) {
+            const QRect centre(QPoint((turned.width() - canvas.pixels.width()) / 2,
+                                      (turned.height() - canvas.pixels.height()) / 2),
+                               canvas.pixels);
+            return cutTurnedAndMirrored(image, behindTurn(pixels, *quarters, centre), *quarters,
+                                        mirrorLeftRight, mirrorTopBottom);
         }
+        // A scale that does not divide whole points can round the canvas past the cut: padded, as a bitmap
+        // cut past its edge is.
+        const QImage turnedCut = turnedExactly(image.copy(pixels), *quarters);
+        const QPoint offset((turnedCut.width() - canvas.pixels.width()) / 2,
+                            (turnedCut.height() - canvas.pixels.height()) / 2);
+        QImage result =
+            turnedCut.copy(QRect(offset, canvas.pixels)).mirrored(mirrorLeftRight, mirrorTopBottom);
+        if (result.isNull())
+            return std::nullopt;
+        keepMetadata(result, image);
         return result;
     }
-    // Sideways, each output row walks down a source column: work in tiles so the columns stay in cache.
-    constexpr int kTile = 64;
-    for (int tileV = 0; tileV < outH; tileV += kTile) {
-        const int endV = std::min(outH, tileV + kTile);
-        for (int tileU = 0; tileU < outW; tileU += kTile) {
-            const int endU = std::min(outW, tileU + kTile);
-            for (int v = tileV; v < endV; ++v) {
-                quint32* out = target + qsizetype(v) * targetStride;
-                const quint32* in = rowStart + qsizetype(v) * rowStep + qsizetype(tileU) * step;
-                for (int u = tileU; u < endU; ++u, in += step)
-                    out[u] = *in;
-            }
-        }
-    }
+
+    QImage result = newImage(canvas.pixels, QImage::Format_ARGB32_Premultiplied);
+    if (result.isNull())
+        return std::nullopt;
+    keepMetadata(result, image);
+    result.fill(Qt::transparent);
+    QPainter painter(&result);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    painter.translate(canvas.points.width() / 2, canvas.points.height() / 2);
+    painter.rotate(qRadiansToDegrees(radians));
+    // Drawn from the original: the painter samples only inside pixels, so no cut is needed.
+    painter.drawImage(QRectF(QPointF(-size.width() / 2, -size.height() / 2), size), image, QRectF(pixels));
+    painter.end();
+    result.mirror(mirrorLeftRight, mirrorTopBottom);
     return result;
 }
 

@@ -19,9 +19,15 @@ std::optional<QImage> verticallyFlipped(const QImage& image);
 
 /// \a pixels of \a image, turned \a quarterTurns clockwise, then mirrored in the turned image's axes, in one
 /// pass over the pixels: the same result as cutting, turning and flipping one after the other, without the
-/// images in between. Empty when \a pixels does not lie inside the image or the format is not 32-bit.
+/// images in between. Empty when \a pixels is empty or does not lie inside the image.
 std::optional<QImage> cutTurnedAndMirrored(const QImage& image, const QRect& pixels, int quarterTurns,
                                            bool mirrorLeftRight, bool mirrorTopBottom);
+
+/// \a pixels of \a image turned by \a radians as rotate() turns an image, then mirrored in the turned image's
+/// axes: the same result as cutting, rotate() and flipping one after the other, read straight from \a image
+/// into the one image returned. Empty when \a pixels is empty or does not lie inside the image.
+std::optional<QImage> cutRotatedAndMirrored(const QImage& image, const QRect& pixels, double radians,
+                                            bool mirrorLeftRight, bool mirrorTopBottom);
 
 /// A redrawn, non-opaque copy of \a image at the screen's scale, or \a image itself if that fails.
 QImage copy(const QImage& image);

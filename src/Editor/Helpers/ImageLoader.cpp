@@ -6,7 +6,11 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
+#include <QtEndian>
+#include <algorithm>
+#include <cmath>
 #include <cstring>
+#include <limits>
 
 namespace {
 
@@ -42,6 +46,82 @@ QString sentence(const QString& path, const QString& what)
 {
     return QStringLiteral("\"%1\" %2").arg(path, what);
 }
+
+void grow(QSize& size, qint64 width, qint64 height)
+{
+    constexpr qint64 kMax = std::numeric_limits<int>::max();
+    size = QSize(int(std::clamp<qint64>(std::max<qint64>(width, size.width()), 0, kMax)),
+                 int(std::clamp<qint64>(std::max<qint64>(height, size.height()), 0, kMax)));
+}
+
+// Grows size by the PNG at data, if there is one.
+bool growByPng(QSize& size, const uchar* data, qsizetype available)
+{
+    static constexpr uchar kSignature[] = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n',
+                                           0,    0,   0,   13,  'I',  'H',  'D',  'R'};
+    if (available < 24 || std::memcmp(data, kSignature, sizeof(kSignature)) != 0)
+        return false;
+    grow(size, qFromBigEndian<quint32>(data + 16), qFromBigEndian<quint32>(data + 20));
+    return true;
+}
+
+// The largest picture that a file's own headers declare where its decoder allocates more than its reader
+// reports: a GIF's logical screen (the reader tells the first frame's), the pictures inside an icon file (the
+// reader tells the directory's sizes, or none). Invalid for other files.
+QSize sizeInHeaders(QByteArrayView bytes)
+{
+    const auto* data = reinterpret_cast<const uchar*>(bytes.data());
+    const qsizetype size = bytes.size();
+    QSize largest(-1, -1);
+    if (size >= 10 && (bytes.startsWith("GIF87a") || bytes.startsWith("GIF89a"))) {
+        grow(largest, qFromLittleEndian<quint16>(data + 6), qFromLittleEndian<quint16>(data + 8));
+    } else if (size >= 8 && bytes.startsWith("icns")) {
+        for (qsizetype at = 8; at + 8 <= size;) {
+            const qint64 length = qFromBigEndian<quint32>(data + at + 4);
+            if (length < 8 || length > size - at)
+                break;
+            // A raw icon holds at least a bit of data per pixel, and Qt reads none wider than 4096.
+            if (!growByPng(largest, data + at + 8, qsizetype(length) - 8)) {
+                const auto side =
+                    std::min<qint64>(4096, qint64(std::ceil(std::sqrt(double(length - 8) * 8))));
+                grow(largest, side, side);
+            }
+            at += qsizetype(length);
+        }
+    } else if (size >= 6 && data[0] == 0 && data[1] == 0 && (data[2] == 1 || data[2] == 2) && data[3] == 0) {
+        // Icons and cursors: a directory of entries, each a PNG or a bitmap whose height counts its mask too.
+        const qint64 count = qFromLittleEndian<quint16>(data + 4);
+        for (qint64 entry = 0; entry < count && 6 + (entry + 1) * 16 <= size; ++entry) {
+            const uchar* record = data + 6 + entry * 16;
+            grow(largest, record[0] == 0 ? 256 : record[0], record[1] == 0 ? 256 : record[1]);
+            const qint64 offset = qFromLittleEndian<quint32>(record + 12);
+            if (offset + 12 > size)
+                continue;
+            if (!growByPng(largest, data + offset, size - qsizetype(offset))) {
+                const qint64 width = qFromLittleEndian<qint32>(data + offset + 4);
+                const qint64 height = qFromLittleEndian<qint32>(data + offset + 8);
+                grow(largest, std::abs(width), (std::abs(height) + 1) / 2);
+            }
+        }
+    }
+    return largest;
+}
+
+// Qt's allocation limit is process-wide: the host's pixel limit holds only while our file is decoded.
+class ScopedAllocationLimit
+{
+public:
+    explicit ScopedAllocationLimit(int megabytes)
+        : m_previous(QImageReader::allocationLimit())
+    {
+        QImageReader::setAllocationLimit(megabytes);
+    }
+    ~ScopedAllocationLimit() { QImageReader::setAllocationLimit(m_previous); }
+    Q_DISABLE_COPY_MOVE(ScopedAllocationLimit)
+
+private:
+    int m_previous;
+};
 
 } // namespace
 
@@ -121,24 +201,34 @@ ImageLoadResult loadImageFile(const QString& path, qint64 maxPixels)
         return {std::nullopt,
                 sentence(path, QStringLiteral("is not an image in a format that can be read."))};
 
+    // MNG is a language of frames, loops, clones and magnifications that its decoder allocates for outside
+    // Qt's allocation limit: no header tells what a file will cost.
+    if (reader.format() == "mng")
+        return {std::nullopt, sentence(path, QStringLiteral("is an MNG animation, which is not opened: its "
+                                                            "decoder's memory use cannot be bounded."))};
     const QSize declared = reader.size();
-    if (declared.isValid() && qint64(declared.width()) * declared.height() > maxPixels) {
+    QSize largest = sizeInHeaders(bytes);
+    if (declared.isValid())
+        grow(largest, declared.width(), declared.height());
+    // A file must tell its size before anything is allocated for it.
+    if (!largest.isValid())
+        return {std::nullopt,
+                sentence(path, QStringLiteral("could not be decoded: its header does not tell its size."))};
+    if (qint64(largest.width()) * largest.height() > maxPixels) {
         return {std::nullopt,
                 sentence(path, QStringLiteral("declares %1×%2 pixels, more than the limit of %3.")
-                                   .arg(declared.width())
-                                   .arg(declared.height())
+                                   .arg(largest.width())
+                                   .arg(largest.height())
                                    .arg(maxPixels))};
     }
-    // Guards the decoders whose header does not tell the size: the limit's pixels in the format the decoder
-    // announces (4 bytes when it does not say).
+    // Against decoders that allocate more than their file declared: the limit's pixels in the format the
+    // decoder announces, and never fewer than 4 bytes each, which palette and grey files may still expand to.
     // Some decoders answer with an undefined value for a damaged header: only known formats are asked about.
     const int format = int(reader.imageFormat());
+    const bool knownFormat = format > int(QImage::Format_Invalid) && format < int(QImage::NImageFormats);
     const int bytesPerPixel =
-        format <= int(QImage::Format_Invalid) || format >= int(QImage::NImageFormats)
-            ? 4
-            : std::max(1, QImage::toPixelFormat(QImage::Format(format)).bitsPerPixel() / 8);
-    const qint64 limitMiB = (maxPixels * bytesPerPixel) / (1024 * 1024) + 1;
-    reader.setAllocationLimit(static_cast<int>(qMin<qint64>(limitMiB, std::numeric_limits<int>::max())));
+        knownFormat ? std::max(4, QImage::toPixelFormat(QImage::Format(format)).bitsPerPixel() / 8) : 4;
+    const qint64 limitMiB = std::max<qint64>(1, (maxPixels * bytesPerPixel) >> 20);
 
     if (reader.format() == "jpeg" && !jpegStreamIsComplete(bytes))
         return {std::nullopt, sentence(path, QStringLiteral("is a truncated or damaged JPEG file."))};
@@ -146,12 +236,22 @@ ImageLoadResult loadImageFile(const QString& path, qint64 maxPixels)
     // Decoders fill an image of the right size and format that they are handed, so a photo lands straight in
     // a buffer that is cheap to fault in; a turned photo is replaced by its upright copy, so it gets none.
     QImage image;
-    if (declared.isValid() && format > int(QImage::Format_Invalid) && format < int(QImage::NImageFormats) &&
-        reader.transformation() == QImageIOHandler::TransformationNone)
+    if (declared.isValid() && knownFormat && reader.transformation() == QImageIOHandler::TransformationNone)
         image = ImageHelpers::newImage(declared, QImage::Format(format));
-    if (!reader.read(&image) || image.isNull()) {
+    bool read = false;
+    {
+        const ScopedAllocationLimit limit(int(std::min<qint64>(limitMiB, std::numeric_limits<int>::max())));
+        read = reader.read(&image);
+    }
+    if (!read || image.isNull()) {
         return {std::nullopt,
                 sentence(path, QStringLiteral("could not be decoded: %1.").arg(reader.errorString()))};
+    }
+    if (qint64(image.width()) * image.height() > maxPixels) {
+        return {std::nullopt, sentence(path, QStringLiteral("holds %1×%2 pixels, more than the limit of %3.")
+                                                 .arg(image.width())
+                                                 .arg(image.height())
+                                                 .arg(maxPixels))};
     }
     return {std::move(image), QString()};
 }

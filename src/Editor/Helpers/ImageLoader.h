@@ -13,8 +13,9 @@ struct ImageLoadResult
 };
 
 /// Decodes the image file at \a path upright (EXIF orientation applied). Files that are missing, not
-/// images, truncated, corrupt or that declare more than \a maxPixels pixels yield no image and a reason;
-/// nothing larger than the limit is allocated.
+/// images, truncated, corrupt, that declare more than \a maxPixels pixels or do not tell their size before
+/// decoding (MNG animations among them) yield no image and a reason; nothing larger than the limit is
+/// allocated.
 ImageLoadResult loadImageFile(const QString& path, qint64 maxPixels);
 
 /// Whether a JPEG stream runs from its start marker through every segment and scan to its end marker.

@@ -81,55 +81,94 @@ bool isOpaque32(const QImage& image)
     return true;
 }
 
-// Yields each row as packed 8-bit RGB or RGBA bytes, converting from whatever the image holds.
+bool isFormat32(QImage::Format format)
+{
+    return format == QImage::Format_RGB32 || format == QImage::Format_ARGB32 ||
+           format == QImage::Format_ARGB32_Premultiplied;
+}
+
+// Yields each row as packed 8-bit RGB or RGBA bytes. Other formats are converted a band of rows at a time:
+// a converted copy of the whole picture would cost as much memory as the picture.
 class RowSource
 {
 public:
     explicit RowSource(const QImage& image)
+        : m_image(image)
+        , m_bandRows(int(std::clamp<qsizetype>(kBandBytes / std::max<qsizetype>(1, image.bytesPerLine()), 1,
+                                               std::max(1, image.height()))))
     {
-        const QImage::Format format = image.format();
-        const bool is32 = format == QImage::Format_RGB32 || format == QImage::Format_ARGB32 ||
-                          format == QImage::Format_ARGB32_Premultiplied;
-        if (is32 && (!image.hasAlphaChannel() || isOpaque32(image))) {
-            m_image = image;
+        const bool is32 = isFormat32(image.format());
+        // A premultiplied pixel has the alpha of its straight one.
+        const bool opaque =
+            !image.hasAlphaChannel() || (is32 ? isOpaque32(image) : isOpaqueInStraightAlpha());
+        if (is32 && opaque) {
             m_unpack32 = true;
-            m_channels = 3;
         } else if (!image.hasAlphaChannel()) {
-            m_image = image.convertToFormat(QImage::Format_RGB888);
-            m_channels = 3;
+            m_bandFormat = QImage::Format_RGB888;
+        } else if (opaque) {
+            m_bandFormat = QImage::Format_ARGB32;
+            m_unpack32 = true;
         } else {
-            const QImage straight = image.convertToFormat(QImage::Format_ARGB32);
-            if (isOpaque32(straight)) {
-                m_image = straight;
-                m_unpack32 = true;
-                m_channels = 3;
-            } else {
-                m_image = image.convertToFormat(QImage::Format_RGBA8888);
-                m_channels = 4;
-            }
+            m_bandFormat = QImage::Format_RGBA8888;
+            m_channels = 4;
         }
     }
 
-    bool isNull() const { return m_image.isNull(); }
     int channels() const { return m_channels; }
     qsizetype rowBytes() const { return qsizetype(m_image.width()) * m_channels; }
 
-    void row(int y, uchar* out) const
+    // Rows are asked for top to bottom; false when a band cannot be converted.
+    bool row(int y, uchar* out)
     {
+        const uchar* in = nullptr;
+        if (m_bandFormat == QImage::Format_Invalid) {
+            in = m_image.constScanLine(y);
+        } else {
+            if (y < m_bandTop || y >= m_bandTop + m_band.height()) {
+                m_bandTop = y;
+                m_band = band(y, m_bandFormat);
+                if (m_band.isNull())
+                    return false;
+            }
+            in = m_band.constScanLine(y - m_bandTop);
+        }
         if (!m_unpack32) {
-            std::memcpy(out, m_image.constScanLine(y), size_t(rowBytes()));
-            return;
+            std::memcpy(out, in, size_t(rowBytes()));
+            return true;
         }
-        const auto* in = reinterpret_cast<const QRgb*>(m_image.constScanLine(y));
+        const auto* pixels = reinterpret_cast<const QRgb*>(in);
         for (int x = 0; x < m_image.width(); ++x) {
-            out[3 * x] = uchar(qRed(in[x]));
-            out[3 * x + 1] = uchar(qGreen(in[x]));
-            out[3 * x + 2] = uchar(qBlue(in[x]));
+            out[3 * x] = uchar(qRed(pixels[x]));
+            out[3 * x + 1] = uchar(qGreen(pixels[x]));
+            out[3 * x + 2] = uchar(qBlue(pixels[x]));
         }
+        return true;
     }
 
 private:
+    static constexpr qsizetype kBandBytes = qsizetype(1) << 20;
+
+    QImage band(int top, QImage::Format format) const
+    {
+        const int rows = std::min(m_bandRows, m_image.height() - top);
+        return m_image.copy(0, top, m_image.width(), rows).convertToFormat(format);
+    }
+
+    bool isOpaqueInStraightAlpha() const
+    {
+        for (int top = 0; top < m_image.height(); top += m_bandRows) {
+            const QImage straight = band(top, QImage::Format_ARGB32);
+            if (straight.isNull() || !isOpaque32(straight))
+                return false;
+        }
+        return true;
+    }
+
     QImage m_image;
+    int m_bandRows = 1;
+    QImage::Format m_bandFormat = QImage::Format_Invalid;
+    QImage m_band;
+    int m_bandTop = 0;
     bool m_unpack32 = false;
     int m_channels = 3;
 };
@@ -140,9 +179,7 @@ std::optional<QByteArray> encodePng(const QImage& image)
 {
     if (image.isNull())
         return std::nullopt;
-    const RowSource source(image);
-    if (source.isNull())
-        return std::nullopt;
+    RowSource source(image);
 
     std::array<uchar, 13> header{};
     putBigEndian(header.data(), quint32(image.width()));
@@ -173,7 +210,8 @@ std::optional<QByteArray> encodePng(const QImage& image)
     std::vector<uchar> current(static_cast<size_t>(rowBytes));
     int rowsInBlock = 0;
     for (int y = 0; y < image.height(); ++y) {
-        source.row(y, current.data());
+        if (!source.row(y, current.data()))
+            return std::nullopt;
         uchar* out = block.data() + qsizetype(rowsInBlock) * stride;
         out[0] = kFilterUp;
         for (qsizetype i = 0; i < rowBytes; ++i)

@@ -3,6 +3,7 @@
 #include "LogRecorder.h"
 #include "TestImages.h"
 
+#include <QPainter>
 #include <QTest>
 #include <QTransform>
 
@@ -20,6 +21,27 @@ QImage coordinates(QSize size, qreal scale)
     }
     image.setDevicePixelRatio(scale);
     return image;
+}
+
+// The cut of pixels turned as the crop screen shows it, in plain steps: a copy, drawn turned by a QTransform
+// on the floored bounding box, then mirrored.
+QImage turnedCopy(const QImage& image, const QRect& pixels, double degrees, bool mirrorTopBottom)
+{
+    const QImage cut = image.copy(pixels);
+    const QSizeF size = cut.deviceIndependentSize();
+    const QRectF bounds = QTransform().rotate(degrees).mapRect(QRectF(QPointF(0, 0), size));
+    const QSizeF points(std::floor(bounds.width()), std::floor(bounds.height()));
+    const qreal scale = image.devicePixelRatio();
+    QImage canvas(QSize(int(std::ceil(points.width() * scale)), int(std::ceil(points.height() * scale))),
+                  QImage::Format_ARGB32_Premultiplied);
+    canvas.setDevicePixelRatio(scale);
+    canvas.fill(Qt::transparent);
+    QPainter painter(&canvas);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    painter.setTransform(QTransform().translate(points.width() / 2, points.height() / 2).rotate(degrees));
+    painter.drawImage(QRectF(QPointF(-size.width() / 2, -size.height() / 2), size), cut);
+    painter.end();
+    return canvas.mirrored(false, mirrorTopBottom);
 }
 
 } // namespace
@@ -252,6 +274,43 @@ private slots:
             QCOMPARE(qAlpha(result.pixel(corner)), 0);
         QCOMPARE(result.pixelColor(result.width() / 2, result.height() / 2),
                  source.pixelColor(pixels.width() / 2, pixels.height() / 2));
+    }
+
+    void freeTurn_ofACut_matchesTurningACopy_data()
+    {
+        QTest::addColumn<qreal>("scale");
+        QTest::addColumn<QRect>("points");
+        QTest::addColumn<double>("degrees");
+        QTest::addColumn<bool>("flipHorizontally");
+        QTest::addColumn<QRect>("pixels");
+        // Every pixel differs from its neighbours: one read from beyond the cut shows.
+        QTest::newRow("30, inner cut")
+            << 1.0 << QRect(37, 23, 151, 97) << 30.0 << false << QRect(37, 23, 151, 97);
+        QTest::newRow("-45, cut at the far corner")
+            << 1.0 << QRect(150, 100, 150, 100) << -45.0 << false << QRect(150, 100, 150, 100);
+        QTest::newRow("30, flipped") << 1.0 << QRect(37, 23, 151, 97) << 30.0 << true
+                                     << QRect(37, 23, 151, 97);
+        // 1.5 pixels a point: the cut widens to whole pixels.
+        QTest::newRow("12.5 at scale 1.5")
+            << 1.5 << QRect(3, 5, 61, 41) << 12.5 << false << QRect(4, 7, 92, 62);
+    }
+
+    void freeTurn_ofACut_matchesTurningACopy()
+    {
+        QFETCH(qreal, scale);
+        QFETCH(QRect, points);
+        QFETCH(double, degrees);
+        QFETCH(bool, flipHorizontally);
+        QFETCH(QRect, pixels);
+        const QImage image = coordinates(QSize(300, 200), scale);
+
+        const QImage result = m_cropper.crop({image, points.x(), points.y(), points.width(), points.height(),
+                                              Angle::degrees(degrees), flipHorizontally, false});
+
+        // Turned by a free angle, the horizontal flag mirrors top to bottom.
+        const QImage expected = turnedCopy(image, pixels, degrees, flipHorizontally);
+        QCOMPARE(result.devicePixelRatio(), scale);
+        QCOMPARE(result, expected);
     }
 
     void resizeImage_rendersAtScaleOne()

@@ -71,6 +71,9 @@ private slots:
         QTest::newRow("png with alpha")
             << encode(image.convertToFormat(QImage::Format_ARGB32), "png") << QSize(40, 30);
         QTest::newRow("bmp") << encode(image, "bmp") << QSize(40, 30);
+        QTest::newRow("gif") << gifDeclaring(40, 30) << QSize(40, 30);
+        QTest::newRow("ico") << encode(image, "ico") << QSize(40, 30);
+        QTest::newRow("icns") << encode(quadrants(QSize(32, 32)), "icns") << QSize(32, 32);
     }
 
     void wholeFiles_load()
@@ -149,6 +152,16 @@ private slots:
         QTest::newRow("png declaring 20000x20000") << pngDeclaring(20000, 20000) << "more than the limit";
         QTest::newRow("jpeg declaring 65000x65000") << jpegDeclaring(65000, 65000) << "more than the limit";
         QTest::newRow("png declaring 0x0") << pngDeclaring(0, 0) << "could not be decoded";
+        // Their readers report a size smaller than what their decoders allocate, or none at all.
+        QTest::newRow("mng declaring 10001x10000") << mngDeclaring(10001, 10000) << "MNG";
+        QTest::newRow("mng of 16x16 frames holding a png of 20000x20000")
+            << mngDeclaring(16, 16) + pngDeclaring(20000, 20000).mid(8) << "MNG";
+        QTest::newRow("gif with a 10001x10000 screen")
+            << gifDeclaring(10001, 10000) << "declares 10001×10000 pixels";
+        QTest::newRow("ico holding a png declaring 10001x10000")
+            << iconHolding("ico", pngDeclaring(10001, 10000)) << "declares 10001×10000 pixels";
+        QTest::newRow("icns holding a png declaring 10001x10000")
+            << iconHolding("icns", pngDeclaring(10001, 10000)) << "declares 10001×10000 pixels";
     }
 
     void badFiles_yieldNoImageAndAReason()
@@ -192,7 +205,10 @@ private slots:
         QFETCH(qint64, limit);
         QFETCH(bool, loads);
         const QString path = write(QStringLiteral("square.png"), encode(quadrants(QSize(100, 100)), "png"));
+        const int hostsAllocationLimit = QImageReader::allocationLimit();
         QCOMPARE(loadImageFile(path, limit).image.has_value(), loads);
+        // Qt's allocation limit is process-wide: the load leaves the host's as it was.
+        QCOMPARE(QImageReader::allocationLimit(), hostsAllocationLimit);
     }
 
     void jpegStreamIsComplete_data()

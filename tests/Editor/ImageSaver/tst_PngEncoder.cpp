@@ -45,6 +45,11 @@ private slots:
         QTest::newRow("grayscale8") << noise(size, QImage::Format_Grayscale8, true) << 2;
         QTest::newRow("rgba64, translucent") << noise(size, QImage::Format_RGBA64, false) << 6;
         QTest::newRow("rgba64, opaque") << noise(size, QImage::Format_RGBA64, true) << 2;
+        // Converted a band of rows at a time: tall enough for several bands.
+        QTest::newRow("rgba64, translucent, tall")
+            << noise(QSize(300, 2000), QImage::Format_RGBA64, false) << 6;
+        QTest::newRow("argb32 premultiplied, translucent, tall")
+            << noise(QSize(300, 2000), QImage::Format_ARGB32_Premultiplied, false) << 6;
         QTest::newRow("one pixel") << noise(QSize(1, 1), QImage::Format_RGB32, true) << 2;
         QTest::newRow("one row") << noise(QSize(300, 1), QImage::Format_RGB32, true) << 2;
         QTest::newRow("one column") << noise(QSize(1, 300), QImage::Format_RGB32, true) << 2;
