@@ -245,8 +245,10 @@ private slots:
         QVERIFY(!screen.completion(0).editedImageURL());
         QVERIFY(!QFile::exists(m_output));
 
-        for (const char* control : {"cropTab", "drawTab", "undoButton", "continueButton", "closeButton"})
+        for (const char* control : {"cropTab", "drawTab", "undoButton", "continueButton", "closeButton"}) {
+            QVERIFY2(!screen.find(control)->isEnabled(), control);
             screen.tap(control);
+        }
         QCOMPARE(screen.editor()->pageName(), QStringLiteral("base"));
         QCOMPARE(screen.editor()->previousImageVersionCount(), 1);
         QCOMPARE(screen.completionCount(), 1);

@@ -99,9 +99,8 @@ Rectangle {
                 objectName: "canvasFrame"
 
                 anchors.centerIn: parent
-                // A sliver of a picture still gets a point across.
-                width: Math.max(1, root.viewModel.imageFrameSize.width)
-                height: Math.max(1, root.viewModel.imageFrameSize.height)
+                width: root.viewModel.imageFrameSize.width
+                height: root.viewModel.imageFrameSize.height
                 clip: true
 
                 ImagePreview {

@@ -100,8 +100,10 @@ void CanvasViewModel::setupScreenSize(QSizeF size)
     ++m_setupScreenSizeCounter;
     const qreal screen = aspectRatio(size);
     const qreal picture = aspectRatio(m_image.deviceIndependentSize());
-    m_imageFrameSize = screen <= picture ? QSizeF(size.width(), size.width() / picture)
-                                         : QSizeF(size.height() * picture, size.height());
+    // A sliver of a picture (4000 × 1) still gets a point across, or nobody could see it.
+    m_imageFrameSize = (screen <= picture ? QSizeF(size.width(), size.width() / picture)
+                                          : QSizeF(size.height() * picture, size.height()))
+                           .expandedTo(QSizeF(std::min(1.0, size.width()), std::min(1.0, size.height())));
     emit imageFrameSizeChanged();
     m_isCropperSetup = true;
     emit isCropperSetupChanged();
@@ -115,11 +117,24 @@ void CanvasViewModel::handleNewPoint(QPointF point, QSizeF frameSize)
     emit currentLineChanged();
 }
 
+void CanvasViewModel::beginStroke(QPointF point, QSizeF frameSize)
+{
+    if (!isFinite(point) || !isFinite(frameSize))
+        return;
+    if (!m_currentLine.points.isEmpty()) {
+        m_currentLine = Line();
+        emit currentLineChanged();
+    }
+    handleNewPoint(point, frameSize);
+}
+
 void CanvasViewModel::addFinalPoint(QPointF point, QSizeF frameSize)
 {
     if (!isFinite(point) || !isFinite(frameSize))
         return;
-    handleNewPoint(point, frameSize);
+    // Lifting the finger where it last was adds nothing to the path: a tap stays a single point.
+    if (m_currentLine.points.isEmpty() || point != m_currentLine.points.last())
+        handleNewPoint(point, frameSize);
     // A tap leaves its point in the stroke on purpose: it starts the next one.
     if (m_currentLine.points.size() < 2)
         return;

@@ -90,6 +90,8 @@ public:
     Q_INVOKABLE void setupScreenSize(QSizeF size);
     /// Adds \a point to the stroke if it lies in the canvas frame of \a frameSize.
     Q_INVOKABLE void handleNewPoint(QPointF point, QSizeF frameSize);
+    /// A finger going down: a new stroke starts at \a point, without a point an earlier tap left behind.
+    Q_INVOKABLE void beginStroke(QPointF point, QSizeF frameSize);
     /// Ends the stroke at \a point and turns it into an item when it has two points or more. A stroke left
     /// with no box inside \a frameSize (the frame shrank past it) is dropped without an item.
     Q_INVOKABLE void addFinalPoint(QPointF point, QSizeF frameSize);

@@ -24,7 +24,7 @@ Item {
         objectName: "drawingSurface"
         anchors.fill: parent
         preventStealing: true
-        onPressed: (mouse) => root.viewModel.handleNewPoint(Qt.point(mouse.x, mouse.y), Qt.size(width, height))
+        onPressed: (mouse) => root.viewModel.beginStroke(Qt.point(mouse.x, mouse.y), Qt.size(width, height))
         onPositionChanged: (mouse) => root.viewModel.handleNewPoint(Qt.point(mouse.x, mouse.y),
                                                                     Qt.size(width, height))
         onReleased: (mouse) => root.viewModel.addFinalPoint(Qt.point(mouse.x, mouse.y), Qt.size(width, height))

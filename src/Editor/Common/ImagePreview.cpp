@@ -8,18 +8,20 @@
 
 namespace {
 
-// The image over light and dark grey squares of \a cell pixels.
+// The image over light and dark grey squares of \a cell pixels, all counted in pixels.
 QImage overCheckerboard(const QImage& image, int cell)
 {
     QImage board(image.size(), QImage::Format_ARGB32_Premultiplied);
-    board.setDevicePixelRatio(image.devicePixelRatio());
-    QPainter painter(&board);
-    painter.fillRect(QRect(QPoint(0, 0), image.size()), QColor(0xcc, 0xcc, 0xcc));
-    for (int y = 0; y < image.height(); y += cell) {
-        for (int x = (y / cell) % 2 * cell; x < image.width(); x += 2 * cell)
-            painter.fillRect(QRect(x, y, cell, cell), QColor(0x99, 0x99, 0x99));
+    {
+        QPainter painter(&board);
+        painter.fillRect(board.rect(), QColor(0xcc, 0xcc, 0xcc));
+        for (int y = 0; y < board.height(); y += cell) {
+            for (int x = (y / cell) % 2 * cell; x < board.width(); x += 2 * cell)
+                painter.fillRect(QRect(x, y, cell, cell), QColor(0x99, 0x99, 0x99));
+        }
+        painter.drawImage(board.rect(), image);
     }
-    painter.drawImage(QRectF(QPointF(0, 0), image.deviceIndependentSize()), image);
+    board.setDevicePixelRatio(image.devicePixelRatio());
     return board;
 }
 

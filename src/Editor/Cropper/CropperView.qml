@@ -95,9 +95,8 @@ Rectangle {
             objectName: "cropFrame"
 
             anchors.centerIn: parent
-            // A sliver of a picture still gets a point across.
-            width: Math.max(1, root.viewModel.imageFrameSize.width)
-            height: Math.max(1, root.viewModel.imageFrameSize.height)
+            width: root.viewModel.imageFrameSize.width
+            height: root.viewModel.imageFrameSize.height
             transform: [
                 Scale {
                     origin.x: frame.width / 2
@@ -205,7 +204,8 @@ Rectangle {
                 }
             }
             MouseArea {
-                // A handle's reach beyond the frame, so that an edge can be taken from just outside it.
+                // A handle's reach beyond the frame: a drag begun just outside takes hold once it reaches the
+                // frame, and a sliver of a picture, thinner than any finger, can be taken at all.
                 anchors.fill: parent
                 anchors.margins: -root.viewModel.handleRadius
                 preventStealing: true

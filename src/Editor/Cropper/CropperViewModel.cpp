@@ -48,11 +48,15 @@ void CropperViewModel::setupCropperLayout(QSizeF availableSize)
     const qreal s = aspectRatio(availableSize);
     const qreal r = aspectRatio(m_currentImage.deviceIndependentSize());
     const qreal q = 1.0 / r;
-    m_portraitSize = r < s ? QSizeF(availableSize.height() * r, availableSize.height())
-                           : QSizeF(availableSize.width(), availableSize.width() / r);
+    // A sliver of a picture (4000 × 1) still gets a point across, or nobody could see or take hold of it.
+    const QSizeF onePoint(std::min(1.0, availableSize.width()), std::min(1.0, availableSize.height()));
+    m_portraitSize = (r < s ? QSizeF(availableSize.height() * r, availableSize.height())
+                            : QSizeF(availableSize.width(), availableSize.width() / r))
+                         .expandedTo(onePoint);
     // The frame of the image turned a quarter, stated in the image's own axes.
-    m_landscapeSize = q < s ? QSizeF(availableSize.height(), availableSize.height() * q)
-                            : QSizeF(availableSize.width() / q, availableSize.width());
+    m_landscapeSize = (q < s ? QSizeF(availableSize.height(), availableSize.height() * q)
+                             : QSizeF(availableSize.width() / q, availableSize.width()))
+                          .expandedTo(onePoint.transposed());
     m_availableScreenSize = availableSize;
     // A layout while turned a quarter keeps the turned frame; the bands follow the new frame.
     setImageFrameSize(m_rotationAngle.isPortrait() ? m_portraitSize : m_landscapeSize);

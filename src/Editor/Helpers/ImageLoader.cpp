@@ -228,7 +228,8 @@ ImageLoadResult loadImageFile(const QString& path, qint64 maxPixels)
     const bool knownFormat = format > int(QImage::Format_Invalid) && format < int(QImage::NImageFormats);
     const int bytesPerPixel =
         knownFormat ? std::max(4, QImage::toPixelFormat(QImage::Format(format)).bitsPerPixel() / 8) : 4;
-    const qint64 limitMiB = std::max<qint64>(1, (maxPixels * bytesPerPixel) >> 20);
+    // Rounded up: a picture right at the limit must still fit.
+    const qint64 limitMiB = std::max<qint64>(1, (maxPixels * bytesPerPixel + (1 << 20) - 1) >> 20);
 
     if (reader.format() == "jpeg" && !jpegStreamIsComplete(bytes))
         return {std::nullopt, sentence(path, QStringLiteral("is a truncated or damaged JPEG file."))};

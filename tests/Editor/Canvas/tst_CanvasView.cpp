@@ -89,8 +89,12 @@ private slots:
         const QPointF drawAt = screen.find("drawButton")->mapToScene(QPointF(0, 0));
         const QPointF textAt = screen.find("textButton")->mapToScene(QPointF(0, 0));
 
-        // One finger draws a stroke, from where it went down (less one line width of margin).
+        // A tap draws nothing; then one finger draws a stroke, from where it went down (less one line width
+        // of margin), with nothing of the tap in it.
         const QQuickItem* surface = screen.find("drawingSurface");
+        screen.tap(surface, QPointF(200, 200));
+        QVERIFY(canvas->lineImages().isEmpty());
+        QCOMPARE(canvas->previousStateCount(), 0);
         screen.touchDrag(surface, QPointF(40, 40), QPointF(120, 100));
         QCOMPARE(canvas->lineImages().size(), 1);
         const QSizeF offset = canvas->lineImages()[0]->offset();
@@ -218,6 +222,7 @@ private slots:
         const QQuickItem* frame = screen.find("canvasFrame");
 
         // Where the text lies over the stroke, the text is taken.
+        QVERIFY(stroke->pointIsInside(text->getCenterPoint()) && text->pointIsInside(text->getCenterPoint()));
         screen.tap(frame, text->getCenterPoint());
         QTRY_COMPARE(canvas->selectedLineImage(), text);
         screen.tap(frame, text->getCenterPoint());

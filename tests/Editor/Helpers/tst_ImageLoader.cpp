@@ -192,19 +192,26 @@ private slots:
     {
         QTest::addColumn<qint64>("limit");
         QTest::addColumn<bool>("loads");
-        QTest::newRow("below the image") << qint64(100 * 100 - 1) << false;
-        QTest::newRow("exactly the image") << qint64(100 * 100) << true;
-        QTest::newRow("default") << qint64(100'000'000) << true;
-        QTest::newRow("none at all") << qint64(0) << false;
-        QTest::newRow("negative") << qint64(-5) << false;
-        QTest::newRow("as large as can be") << std::numeric_limits<qint64>::max() << true;
+        QTest::addColumn<bool>("turnedPhoto");
+        QTest::newRow("below the image") << qint64(100 * 100 - 1) << false << false;
+        QTest::newRow("exactly the image") << qint64(100 * 100) << true << false;
+        QTest::newRow("default") << qint64(100'000'000) << true << false;
+        QTest::newRow("none at all") << qint64(0) << false << false;
+        QTest::newRow("negative") << qint64(-5) << false << false;
+        QTest::newRow("as large as can be") << std::numeric_limits<qint64>::max() << true << false;
+        // The decoder allocates a turned photo itself, against Qt's limit in whole MiB.
+        QTest::newRow("exactly a turned photo") << qint64(2000 * 1000) << true << true;
     }
 
     void pixelLimit_isTheHosts()
     {
         QFETCH(qint64, limit);
         QFETCH(bool, loads);
-        const QString path = write(QStringLiteral("square.png"), encode(quadrants(QSize(100, 100)), "png"));
+        QFETCH(bool, turnedPhoto);
+        const QString path =
+            turnedPhoto ? write(QStringLiteral("turned.jpg"),
+                                withExifOrientation(encode(quadrants(QSize(2000, 1000)), "jpeg", 80), 6))
+                        : write(QStringLiteral("square.png"), encode(quadrants(QSize(100, 100)), "png"));
         const int hostsAllocationLimit = QImageReader::allocationLimit();
         QCOMPARE(loadImageFile(path, limit).image.has_value(), loads);
         // Qt's allocation limit is process-wide: the load leaves the host's as it was.

@@ -125,7 +125,7 @@ Rectangle {
             ImagePreview {
                 objectName: "textPreview"
                 width: parent.width
-                height: Math.min(implicitHeight, 200)
+                height: implicitHeight
                 image: textModel.image
             }
         }
