@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QQmlApplicationEngine>
+#include <QQuickItem>
 #include <QQuickWindow>
 #include <QTimer>
 #include <QtQml/QQmlExtensionPlugin>
@@ -89,40 +90,44 @@ int main(int argc, char* argv[])
         return 1;
     window->resize(options.size);
     // For screenshots of a tool page: open it, with a crop frame pulled in from its corner.
-    if (!options.page.isEmpty()) {
-        auto* session = window->findChild<QuorvaneSdkImageEditorViewModel*>();
-        if (ImageEditorViewModel* editor = session ? session->editor() : nullptr) {
-            // "move" is the draw page with its sample drawing and the text picked up by the move tool.
-            // "text" is the draw page with its sample drawing and the text entry open.
-            const bool move = options.page == u"move";
-            const bool typing = options.page == u"text";
-            editor->navigate(move || typing ? QStringLiteral("canvas") : options.page);
-            QTimer::singleShot(300, editor, [editor, move, typing] {
-                if (CanvasViewModel* canvas = editor->canvas()) {
-                    const QSizeF frame = canvas->imageFrameSize();
-                    for (int step = 0; step <= 40; ++step)
-                        canvas->handleNewPoint(QPointF(40 + step * 6, 60 + 30 * std::sin(step / 5.0)), frame);
-                    canvas->addFinalPoint(QPointF(280, 70), frame);
-                    TextImageViewModel text;
-                    text.setText(QStringLiteral("Dragonfly"));
-                    text.setBold(true);
-                    text.setTextSize(32);
-                    text.setSelectedColor(QColor(0xFF, 0xCC, 0x00));
-                    canvas->confirmText(&text);
-                    if (move) {
-                        canvas->enableMove();
-                        canvas->handleTap(canvas->lineImages().last());
-                    }
-                    if (typing)
-                        canvas->enableText();
+    auto* session = window->findChild<QuorvaneSdkImageEditorViewModel*>();
+    ImageEditorViewModel* editor = session ? session->editor() : nullptr;
+    if (!options.page.isEmpty() && editor) {
+        // "move" is the draw page with its sample drawing and the text picked up by the move tool.
+        // "text" is the draw page with its sample drawing and the text entry open.
+        const bool move = options.page == u"move";
+        const bool typing = options.page == u"text";
+        // The draw page fits the picture once, to the size it first gets: the window takes its size first.
+        QElapsedTimer resizing;
+        resizing.start();
+        while (window->contentItem()->size() != QSizeF(options.size) && resizing.elapsed() < 2000)
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+        editor->navigate(move || typing ? QStringLiteral("canvas") : options.page);
+        QTimer::singleShot(300, editor, [editor, move, typing] {
+            if (CanvasViewModel* canvas = editor->canvas()) {
+                const QSizeF frame = canvas->imageFrameSize();
+                for (int step = 0; step <= 40; ++step)
+                    canvas->handleNewPoint(QPointF(40 + step * 6, 60 + 30 * std::sin(step / 5.0)), frame);
+                canvas->addFinalPoint(QPointF(280, 70), frame);
+                TextImageViewModel text;
+                text.setText(QStringLiteral("Dragonfly"));
+                text.setBold(true);
+                text.setTextSize(32);
+                text.setSelectedColor(QColor(0xFF, 0xCC, 0x00));
+                canvas->confirmText(&text);
+                if (move) {
+                    canvas->enableMove();
+                    canvas->handleTap(canvas->lineImages().last());
                 }
-                if (CropperViewModel* cropper = editor->cropper()) {
-                    for (int step = 1; step <= 8; ++step)
-                        cropper->handleDragging(QPointF(4 * step, 4 * step));
-                    cropper->finishCropping();
-                }
-            });
-        }
+                if (typing)
+                    canvas->enableText();
+            }
+            if (CropperViewModel* cropper = editor->cropper()) {
+                for (int step = 1; step <= 8; ++step)
+                    cropper->handleDragging(QPointF(4 * step, 4 * step));
+                cropper->finishCropping();
+            }
+        });
     }
 
     // For benchmarks: how long a person waits, from launch to the first frame with the photo.
