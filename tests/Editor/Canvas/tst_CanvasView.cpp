@@ -4,6 +4,7 @@
 #include "TestImages.h"
 
 #include <QPointingDevice>
+#include <QRegularExpression>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
@@ -71,6 +72,12 @@ private slots:
         m_photo = m_dir.filePath(QStringLiteral("photo.png"));
         QVERIFY(writeFile(m_photo, encode(QImage(photoPath()).copy(1000, 800, 1200, 900), "png")));
         m_output = m_dir.filePath(QStringLiteral("drawn.png"));
+    }
+
+    void init()
+    {
+        // Any warning from the editor's own QML is a fault.
+        QTest::failOnWarning(QRegularExpression(QStringLiteral("^qrc:/qt/qml/Quorvane/SdkImage/")));
     }
 
     void wholeSession_strokeAndText_landWhereTheyWerePlaced()
