@@ -92,13 +92,12 @@ void EditorScreen::tap(const char* objectName)
 
 void EditorScreen::tap(const QQuickItem* item)
 {
-    // Rows place a button that just appeared only when they are polished: aim after that, as a person would.
-    QQuickTest::qWaitForPolish(&m_view);
     tap(item, QPointF(item->width() / 2, item->height() / 2));
 }
 
 void EditorScreen::tap(const QQuickItem* item, QPointF point)
 {
+    // Rows place a button that just appeared only when they are polished: aim after that, as a person would.
     QQuickTest::qWaitForPolish(&m_view);
     const QPoint at = item->mapToScene(point).toPoint();
     // A finger rests a moment: two taps at the very same instant are not something a person makes.

@@ -8,7 +8,6 @@
 #include <QMetaEnum>
 #include <QPainter>
 #include <QPainterPath>
-#include <QTransform>
 #include <cmath>
 #include <cstdio>
 #include <limits>
@@ -257,34 +256,10 @@ void CanvasViewModel::handleTap(const LineImagePtr& item)
     }
 }
 
-void CanvasViewModel::handleTap(const QString& id)
-{
-    for (const LineImagePtr& item : std::as_const(m_lineImages)) {
-        if (item->id() == id) {
-            handleTap(item);
-            return;
-        }
-    }
-}
-
 void CanvasViewModel::handleTapOnScreen(QPointF point)
 {
-    // The item as the screen draws it: scaled, then turned, about its centre.
-    const auto drawnAt = [](const LineImage& item, QPointF p) {
-        const QPointF centre = item.getCenterPoint();
-        const QTransform shown = QTransform()
-                                     .translate(centre.x(), centre.y())
-                                     .rotate(item.rotationAngle().degrees())
-                                     .scale(item.magnification(), item.magnification())
-                                     .translate(-centre.x(), -centre.y());
-        bool invertible = false;
-        const QPointF unturned = shown.inverted(&invertible).map(p);
-        const QRectF box(QPointF(item.offset().width(), item.offset().height()),
-                         item.image().deviceIndependentSize());
-        return invertible && box.contains(unturned);
-    };
     for (auto it = m_lineImages.crbegin(); it != m_lineImages.crend(); ++it) {
-        if (drawnAt(**it, point)) {
+        if ((*it)->isShownAt(point)) {
             handleTap(*it);
             return;
         }

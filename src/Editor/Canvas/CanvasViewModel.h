@@ -103,8 +103,6 @@ public:
     Q_INVOKABLE void enableText();
     Q_INVOKABLE void enableMove();
     void handleTap(const LineImagePtr& item);
-    /// handleTap() for the screen, by item id.
-    Q_INVOKABLE void handleTap(const QString& id);
     /// handleTap() on the uppermost item drawn at \a point (canvas points), turned and scaled as it is shown;
     /// nothing where no item is.
     Q_INVOKABLE void handleTapOnScreen(QPointF point);

@@ -288,7 +288,7 @@ private slots:
         QCOMPARE(model->selectedLineImage(), second);
         QVERIFY(!first->isSelected());
         QVERIFY(second->isSelected());
-        model->handleTap(second->id());
+        model->handleTap(second);
         QVERIFY(!model->selectedLineImage());
         QVERIFY(!second->isSelected());
 

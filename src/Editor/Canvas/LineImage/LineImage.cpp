@@ -1,5 +1,6 @@
 #include "LineImage.h"
 
+#include <QTransform>
 #include <QUuid>
 
 LineImage::LineImage(QSizeF currentImageSize, QImage image, QSizeF offset, Angle rotationAngle,
@@ -47,6 +48,20 @@ bool LineImage::pointIsInside(QPointF point) const
     const QSizeF size = m_image.deviceIndependentSize();
     return m_offset.width() < point.x() && point.x() < m_offset.width() + size.width() &&
            m_offset.height() < point.y() && point.y() < m_offset.height() + size.height();
+}
+
+bool LineImage::isShownAt(QPointF point) const
+{
+    const QPointF centre = getCenterPoint();
+    const QTransform shown = QTransform()
+                                 .translate(centre.x(), centre.y())
+                                 .rotate(m_rotationAngle.degrees())
+                                 .scale(m_magnification, m_magnification)
+                                 .translate(-centre.x(), -centre.y());
+    bool invertible = false;
+    const QPointF unshown = shown.inverted(&invertible).map(point);
+    return invertible && QRectF(QPointF(m_offset.width(), m_offset.height()), m_image.deviceIndependentSize())
+                             .contains(unshown);
 }
 
 QPointF LineImage::getCenterPoint() const

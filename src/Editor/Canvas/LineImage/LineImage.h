@@ -39,6 +39,8 @@ public:
 
     /// Strictly inside the unscaled, unturned box of the image at the offset.
     bool pointIsInside(QPointF point) const;
+    /// Inside the item as the screen draws it: its box scaled, then turned, about its centre.
+    bool isShownAt(QPointF point) const;
     QPointF getCenterPoint() const;
 
 signals:

@@ -14,7 +14,6 @@ class LineImageViewModel : public QObject
     QML_ELEMENT
     QML_UNCREATABLE("The canvas creates one per overlay item.")
     Q_PROPERTY(QImage image READ image CONSTANT)
-    Q_PROPERTY(QString itemId READ itemId CONSTANT)
     Q_PROPERTY(QSizeF currentImageSize READ currentImageSize CONSTANT)
     Q_PROPERTY(QSizeF imageSize READ imageSize CONSTANT)
     Q_PROPERTY(QSizeF offset READ offset WRITE setOffset NOTIFY offsetChanged)
@@ -29,7 +28,6 @@ public:
 
     const LineImagePtr& lineImage() const { return m_lineImage; }
     QImage image() const { return m_image; }
-    QString itemId() const { return m_lineImage->id(); }
     QSizeF currentImageSize() const { return m_currentImageSize; }
     QSizeF imageSize() const { return m_imageSize; }
     QSizeF offset() const { return m_offset; }
