@@ -1,0 +1,132 @@
+#include "ColorMatrix.h"
+
+#include <QtGlobal>
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr ColorMatrix identity{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
+
+ColorMatrix diagonal(float r, float g, float b)
+{
+    ColorMatrix m = identity;
+    m[0] = r;
+    m[5] = g;
+    m[10] = b;
+    return m;
+}
+
+QList<float> toList(const ColorMatrix& m)
+{
+    return QList<float>(m.begin(), m.end());
+}
+
+ColorMatrix fromList(const QList<float>& list)
+{
+    if (list.size() < 16)
+        qFatal("A colour matrix needs 16 numbers, row by row; %lld were given", qlonglong(list.size()));
+    ColorMatrix m;
+    std::copy_n(list.cbegin(), 16, m.begin());
+    return m;
+}
+
+} // namespace
+
+ColorMatrix warmMatrix(float intensity)
+{
+    return diagonal(1.0f + intensity, 1.0f, 1.0f - intensity);
+}
+
+ColorMatrix luminosityMatrix(float lum)
+{
+    ColorMatrix m = identity;
+    m[12] = lum;
+    m[13] = lum;
+    m[14] = lum;
+    return m;
+}
+
+ColorMatrix saturate(float sat)
+{
+    const float t = 1.0f - sat;
+    const float a = 0.2126f * t;
+    const float b = 0.7152f * t;
+    const float c = 0.0722f * t;
+    return {a + sat, b, c, 0, a, b + sat, c, 0, a, b, c + sat, 0, 0, 0, 0, 1};
+}
+
+ColorMatrix exposureMatrix(float exposure)
+{
+    const float p = std::pow(2.0f, exposure);
+    return diagonal(p, p, p);
+}
+
+ColorMatrix tintMatrix(float intensity)
+{
+    const float v = intensity / 10.0f;
+    const float c = std::max(-0.1f, std::min(0.1f, v));
+    const float k = c * 1.2f;
+    return diagonal(1.0f + k, 1.0f - k, 1.0f);
+}
+
+ColorMatrix concat(const ColorMatrix& a, const ColorMatrix& b)
+{
+    ColorMatrix c{};
+    for (int i = 0; i < 4; ++i) {
+        for (int j = 0; j < 4; ++j) {
+            float sum = a[4 * i] * b[j];
+            sum = sum + a[4 * i + 1] * b[j + 4];
+            sum = sum + a[4 * i + 2] * b[j + 8];
+            sum = sum + a[4 * i + 3] * b[j + 12];
+            c[4 * i + j] = sum;
+        }
+    }
+    return c;
+}
+
+ColorMatrix testMatrix(float intensity, float luminosity, float exposure, float saturation, float tint)
+{
+    const ColorMatrix w = warmMatrix(intensity);
+    const ColorMatrix s = saturate(saturation);
+    const ColorMatrix l = luminosityMatrix(luminosity);
+    const ColorMatrix e = exposureMatrix(exposure);
+    const ColorMatrix t = tintMatrix(tint);
+    return concat(concat(concat(concat(w, s), l), e), t);
+}
+
+QList<float> ColorMatrices::warmMatrix(float intensity)
+{
+    return toList(::warmMatrix(intensity));
+}
+
+QList<float> ColorMatrices::luminosityMatrix(float lum)
+{
+    return toList(::luminosityMatrix(lum));
+}
+
+QList<float> ColorMatrices::saturate(float sat)
+{
+    return toList(::saturate(sat));
+}
+
+QList<float> ColorMatrices::exposureMatrix(float exposure)
+{
+    return toList(::exposureMatrix(exposure));
+}
+
+QList<float> ColorMatrices::tintMatrix(float intensity)
+{
+    return toList(::tintMatrix(intensity));
+}
+
+QList<float> ColorMatrices::concat(const QList<float>& matrix1, const QList<float>& matrix2)
+{
+    return toList(::concat(fromList(matrix1), fromList(matrix2)));
+}
+
+QList<float> ColorMatrices::testMatrix(float intensity, float luminosity, float exposure, float saturation,
+                                       float tint)
+{
+    return toList(::testMatrix(intensity, luminosity, exposure, saturation, tint));
+}

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QList>
+#include <QObject>
+#include <QtQml/qqmlregistration.h>
+#include <array>
+
+/// A 4×4 colour matrix, row by row: element (row r, column c) is at 4·r + c. A colour is multiplied as a row
+/// vector, so the fourth row is an offset weighted by alpha (see colorMatrixKernel.comp).
+using ColorMatrix = std::array<float, 16>;
+
+// Every product and sum is a single-precision rounding of its own, in the order written: the file is built
+// without contraction into fused multiply-adds.
+
+/// Red rises and blue falls by \a intensity.
+ColorMatrix warmMatrix(float intensity = 0.1f);
+/// Adds \a lum, weighted by alpha, to red, green and blue.
+ColorMatrix luminosityMatrix(float lum);
+/// Mixes each colour channel with the Rec. 709 luma: 1 is the identity, 0 a grey image.
+ColorMatrix saturate(float sat);
+/// Multiplies the colour channels by 2 to the power \a exposure.
+ColorMatrix exposureMatrix(float exposure);
+/// Positive values raise red and lower green, negative ones the opposite; beyond ±1 nothing changes.
+ColorMatrix tintMatrix(float intensity);
+/// The product matrix1 · matrix2.
+ColorMatrix concat(const ColorMatrix& matrix1, const ColorMatrix& matrix2);
+/// warm · saturation · luminosity · exposure · tint. The parameters are deliberately in another order.
+ColorMatrix testMatrix(float intensity, float luminosity, float exposure, float saturation, float tint);
+
+/// The same builders for the screens, as lists of 16 numbers row by row.
+class ColorMatrices : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
+
+public:
+    using QObject::QObject;
+
+    Q_INVOKABLE static QList<float> warmMatrix(float intensity = 0.1f);
+    Q_INVOKABLE static QList<float> luminosityMatrix(float lum);
+    Q_INVOKABLE static QList<float> saturate(float sat);
+    Q_INVOKABLE static QList<float> exposureMatrix(float exposure);
+    Q_INVOKABLE static QList<float> tintMatrix(float intensity);
+    /// Both lists must hold at least 16 numbers; a shorter one is a programming error that stops the
+    /// program. Numbers beyond 16 are ignored.
+    Q_INVOKABLE static QList<float> concat(const QList<float>& matrix1, const QList<float>& matrix2);
+    Q_INVOKABLE static QList<float> testMatrix(float intensity, float luminosity, float exposure,
+                                               float saturation, float tint);
+};

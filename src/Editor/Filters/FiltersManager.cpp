@@ -1,0 +1,121 @@
+#include "FiltersManager.h"
+
+#include "CpuColorEngine.h"
+#include "ImageHelpers.h"
+
+#include <QtGlobal>
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+std::optional<FiltersManager::Engine> engineFromEnvironment()
+{
+    const QByteArray forced = qgetenv("QUORVANE_FILTER_ENGINE").toLower();
+    if (forced == "cpu")
+        return FiltersManager::Engine::Cpu;
+    if (forced == "gpu")
+        return FiltersManager::Engine::Gpu;
+    if (!forced.isEmpty())
+        qWarning("QUORVANE_FILTER_ENGINE takes cpu or gpu, not \"%s\"; the engine is picked as usual",
+                 forced.constData());
+    return std::nullopt;
+}
+
+struct CatalogueEntry
+{
+    const char* name;
+    QColor color;
+};
+
+// The platform's standard colours the catalogue names, in its order.
+const CatalogueEntry catalogue[] = {
+    {"Blue", QColor::fromRgbF(0, 0, 1)},          {"Green", QColor::fromRgbF(0, 1, 0)},
+    {"Gray", QColor::fromRgbF(0.5, 0.5, 0.5)},    {"Pink", QColor(255, 45, 85)},
+    {"Yellow", QColor::fromRgbF(1, 1, 0)},        {"Orange", QColor::fromRgbF(1, 0.5, 0)},
+    {"Red", QColor::fromRgbF(1, 0, 0)},           {"Brown", QColor::fromRgbF(0.6, 0.4, 0.2)},
+    {"White", QColor::fromRgbF(1, 1, 1)},
+};
+
+} // namespace
+
+FiltersManager::FiltersManager(QObject* parent)
+    : QObject(parent)
+{
+    if (const auto forced = engineFromEnvironment()) {
+        if (*forced == Engine::Gpu)
+            m_gpu = GpuColorEngine::create();
+        return;
+    }
+    m_gpu = GpuColorEngine::create();
+    if (m_gpu && m_gpu->isSoftware())
+        m_gpu.reset();
+}
+
+FiltersManager::FiltersManager(Engine engine, QObject* parent)
+    : QObject(parent)
+{
+    if (engine == Engine::Gpu)
+        m_gpu = GpuColorEngine::create();
+}
+
+FiltersManager::~FiltersManager() = default;
+
+FiltersManager::Engine FiltersManager::engine() const
+{
+    return m_gpu ? Engine::Gpu : Engine::Cpu;
+}
+
+QString FiltersManager::backendName() const
+{
+    return m_gpu ? m_gpu->backendName() : QStringLiteral("CPU");
+}
+
+std::optional<QImage> FiltersManager::applyFilter(const QImage& image, FilterType)
+{
+    return applyColorMatrix(image, testMatrix(0.5f, 0.5f, 0.5f, 0.5f, 0.5f));
+}
+
+std::optional<QImage> FiltersManager::applyColorMatrix(const QImage& image, const ColorMatrix& matrix)
+{
+    // What an 8-bit texture makes of NaN differs between GPUs: no answer is better than an arbitrary one.
+    const bool finite = std::all_of(matrix.begin(), matrix.end(), [](float v) { return std::isfinite(v); });
+    if (image.isNull() || !finite)
+        return std::nullopt;
+    const bool fitsTexture = m_gpu && image.width() <= m_gpu->maxTextureSize() &&
+                             image.height() <= m_gpu->maxTextureSize();
+    if (!fitsTexture) {
+        QImage result = applyColorMatrixOnCpu(image, matrix);
+        return result.isNull() ? std::nullopt : std::optional<QImage>(std::move(result));
+    }
+    const auto input = m_gpu->loadTexture(image);
+    if (!input)
+        return std::nullopt;
+    const auto output = m_gpu->applyColorMatrix(input, matrix);
+    if (!output)
+        return std::nullopt;
+    return m_gpu->textureTo(output);
+}
+
+GpuColorEngine::Dispatch FiltersManager::lastDispatch() const
+{
+    return m_gpu ? m_gpu->lastDispatch() : GpuColorEngine::Dispatch{};
+}
+
+QList<Filter> FiltersManager::loadFilters(const QImage& image) const
+{
+    QList<Filter> filters{{image, 0, QStringLiteral("Original")}};
+    const QSizeF size = image.deviceIndependentSize();
+    qint64 index = 1;
+    for (const CatalogueEntry& entry : catalogue)
+        filters.append({imageWithColorAndSize(entry.color, size), index++, QString::fromLatin1(entry.name)});
+    return filters;
+}
+
+QImage FiltersManager::imageWithColorAndSize(const QColor& color, QSizeF size)
+{
+    QImage swatch = ImageHelpers::transparentCanvas(size);
+    if (!swatch.isNull())
+        swatch.fill(color);
+    return swatch;
+}

@@ -1,0 +1,228 @@
+#include "Editor/Filters/CpuColorEngine.h"
+#include "Editor/Filters/FiltersManager.h"
+#include "Editor/Helpers/ImageHelpers.h"
+#include "TestImages.h"
+
+#include <QImageReader>
+#include <QRandomGenerator>
+#include <QVulkanInstance>
+#include <QTest>
+#include <cmath>
+
+namespace {
+
+using Engine = FiltersManager::Engine;
+
+// An independent reading of the engine's contract, in double precision: the premultiplied bytes times the
+// matrix as a row vector, saturated to 0…255.
+QImage scalarReference(const QImage& image, const ColorMatrix& m)
+{
+    const QImage in = image.convertToFormat(QImage::Format_RGBA8888_Premultiplied);
+    QImage out(in.size(), QImage::Format_RGBA8888_Premultiplied);
+    for (int y = 0; y < in.height(); ++y) {
+        for (int x = 0; x < in.width(); ++x) {
+            const uchar* p = in.constScanLine(y) + 4 * x;
+            for (int j = 0; j < 4; ++j) {
+                double v = 0;
+                for (int k = 0; k < 4; ++k)
+                    v += p[k] / 255.0 * m[4 * k + j];
+                v = std::isnan(v) ? 0 : std::clamp(v, 0.0, 1.0);
+                out.scanLine(y)[4 * x + j] = uchar(std::lround(v * 255));
+            }
+        }
+    }
+    return out;
+}
+
+// The largest difference in any channel, or -1 when the images differ in size or format.
+int largestDifference(const QImage& a, const QImage& b)
+{
+    if (a.size() != b.size() || a.format() != b.format())
+        return -1;
+    int largest = 0;
+    for (int y = 0; y < a.height(); ++y)
+        for (qsizetype i = 0; i < qsizetype(a.width()) * 4; ++i)
+            largest = std::max(largest, std::abs(a.constScanLine(y)[i] - b.constScanLine(y)[i]));
+    return largest;
+}
+
+// Premultiplied pixels of every kind: transparent, half and fully opaque, black and white, and random ones.
+QImage craftedPixels(QSize size, QImage::Format format)
+{
+    QImage image(size, QImage::Format_RGBA8888_Premultiplied);
+    QRandomGenerator random(size.width() * 1000 + size.height());
+    const uchar alphas[] = {0, 128, 255, 255};
+    for (int y = 0; y < size.height(); ++y) {
+        for (int x = 0; x < size.width(); ++x) {
+            uchar* p = image.scanLine(y) + 4 * x;
+            const uchar a = (x + y) % 5 == 4 ? uchar(random.bounded(256)) : alphas[(x + 2 * y) % 4];
+            const uchar level = (x + y) % 7 == 0 ? a : (x + y) % 7 == 1 ? 0 : uchar(random.bounded(a + 1));
+            for (int c = 0; c < 3; ++c)
+                p[c] = (x * 3 + c) % 4 == 0 ? level : uchar(random.bounded(a + 1));
+            p[3] = a;
+        }
+    }
+    return image.convertToFormat(format);
+}
+
+QImage photo()
+{
+    QImageReader reader(TestImages::photoPath());
+    reader.setScaledSize(QSize(528, 396));
+    return reader.read();
+}
+
+} // namespace
+
+class tst_FiltersManager : public QObject
+{
+    Q_OBJECT
+
+private:
+    std::unique_ptr<FiltersManager> m_manager;
+
+private slots:
+    // Run plainly, the CPU engine is under test. Under Xvfb the CTest entries name a GPU backend, which must
+    // then be the one in use, and Vulkan's validation layer is on: any message it prints fails the test.
+    void initTestCase()
+    {
+        QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+        const QString backend = qEnvironmentVariable("QUORVANE_EXPECT_BACKEND");
+        m_manager = std::make_unique<FiltersManager>(backend.isEmpty() ? Engine::Cpu : Engine::Gpu);
+        QCOMPARE(m_manager->backendName(), backend.isEmpty() ? QStringLiteral("CPU") : backend);
+#if QT_CONFIG(vulkan)
+        if (backend == u"Vulkan") {
+            QVulkanInstance instance;
+            QVERIFY2(instance.supportedLayers().contains("VK_LAYER_KHRONOS_validation"),
+                     "Vulkan's validation layer is installed");
+        }
+#endif
+    }
+
+    void applyColorMatrix_matchesTheScalarReference_data()
+    {
+        QTest::addColumn<QImage>("image");
+        QTest::addColumn<ColorMatrix>("matrix");
+        const ColorMatrix all = testMatrix(0.5f, 0.5f, 0.5f, 0.5f, 0.5f);
+        const ColorMatrix negative{-1.5f, 0.2f, 0.7f, 0, 0.3f, -0.4f, 1.9f, 0, 0.6f, 1.1f, -2, 0, 0.1f, -0.2f, 0.5f, 1};
+        const ColorMatrix alphaMixed{1, 0, 0, 0.5f, 0, 1, 0, 0.25f, 0, 0, 1, 0, 0, 0, 0, 0.5f};
+        const auto crafted = [](int w, int h) { return craftedPixels(QSize(w, h), QImage::Format_RGBA8888_Premultiplied); };
+        QTest::newRow("1×1, all five at 0.5") << crafted(1, 1) << all;
+        QTest::newRow("9×8, all five at 0.5") << crafted(9, 8) << all;
+        QTest::newRow("97×61, all five at 0.5") << crafted(97, 61) << all;
+        QTest::newRow("97×61, saturating at 0 and 255") << crafted(97, 61) << negative;
+        QTest::newRow("97×61, alpha changed too") << crafted(97, 61) << alphaMixed;
+        QTest::newRow("97×61, brighter by an offset") << crafted(97, 61) << luminosityMatrix(0.4f);
+        QTest::newRow("97×61, grey") << crafted(97, 61) << saturate(0);
+        // The formats photos arrive in are read in place, in their own byte order.
+        QTest::newRow("ARGB32 premultiplied") << craftedPixels(QSize(97, 61), QImage::Format_ARGB32_Premultiplied) << negative;
+        QTest::newRow("RGB32, alpha byte ignored") << craftedPixels(QSize(97, 61), QImage::Format_RGB32) << negative;
+        QTest::newRow("RGBX8888") << craftedPixels(QSize(97, 61), QImage::Format_RGBX8888) << alphaMixed;
+        QTest::newRow("straight ARGB32") << craftedPixels(QSize(97, 61), QImage::Format_ARGB32) << all;
+        QTest::newRow("grayscale") << craftedPixels(QSize(97, 61), QImage::Format_Grayscale8) << all;
+        QTest::newRow("real photo") << photo() << all;
+        QTest::newRow("real photo, cooler and darker") << photo() << testMatrix(-0.3f, -0.1f, -0.5f, 1.4f, -1);
+    }
+
+    void applyColorMatrix_matchesTheScalarReference()
+    {
+        QFETCH(QImage, image);
+        QFETCH(ColorMatrix, matrix);
+        QVERIFY(!image.isNull());
+        const std::optional<QImage> result = m_manager->applyColorMatrix(image, matrix);
+        QVERIFY(result);
+        QCOMPARE(result->format(), QImage::Format_RGBA8888_Premultiplied);
+        const int fromReference = largestDifference(*result, scalarReference(image, matrix));
+        QVERIFY2(fromReference >= 0 && fromReference <= 1, qPrintable(QString::number(fromReference)));
+        if (m_manager->engine() == Engine::Gpu) {
+            const int fromCpu = largestDifference(*result, applyColorMatrixOnCpu(image, matrix));
+            QVERIFY2(fromCpu >= 0 && fromCpu <= 1, qPrintable(QString::number(fromCpu)));
+        }
+    }
+
+    void applyFilter_isTheSameWhateverTheTypeOrScale()
+    {
+        QImage image = photo();
+        image.setDevicePixelRatio(3);
+        const auto sepia = m_manager->applyFilter(image, FilterType::sepia);
+        const auto luminosity = m_manager->applyFilter(image, FilterType::luminosity);
+        QVERIFY(sepia && luminosity);
+        QCOMPARE(*sepia, *luminosity);
+        QCOMPARE(sepia->size(), image.size());
+        QCOMPARE(sepia->devicePixelRatio(), 1.0);
+        QCOMPARE(m_manager->applyFilter(QImage(), FilterType::sepia), std::nullopt);
+    }
+
+    void applyColorMatrix_withoutAFiniteMatrix_givesNothing()
+    {
+        // Exposure beyond 2^127 overflows to infinity, and infinity times the zeros of the product to NaN.
+        const ColorMatrix overflowing = testMatrix(0, 0, 200, 1, 0);
+        QVERIFY(std::isnan(overflowing[0]) || std::isinf(overflowing[0]));
+        QCOMPARE(m_manager->applyColorMatrix(photo(), overflowing), std::nullopt);
+    }
+
+    void dispatch_coversThePictureInGroupsOf8_data()
+    {
+        QTest::addColumn<QSize>("size");
+        QTest::addColumn<GpuColorEngine::Dispatch>("dispatch");
+        QTest::newRow("1×1") << QSize(1, 1) << GpuColorEngine::Dispatch{1, 1, 1};
+        QTest::newRow("9×8") << QSize(9, 8) << GpuColorEngine::Dispatch{2, 1, 1};
+        QTest::newRow("97×61") << QSize(97, 61) << GpuColorEngine::Dispatch{13, 8, 1};
+    }
+
+    void dispatch_coversThePictureInGroupsOf8()
+    {
+        QFETCH(QSize, size);
+        QFETCH(GpuColorEngine::Dispatch, dispatch);
+        if (m_manager->engine() != Engine::Gpu)
+            QSKIP("Threadgroups are the GPU's; the CTest entries under Xvfb run this.");
+        QVERIFY(m_manager->applyFilter(craftedPixels(size, QImage::Format_RGB32), FilterType::sepia));
+        QCOMPARE(m_manager->lastDispatch(), dispatch);
+    }
+
+    void engine_canBeForced()
+    {
+        qputenv("QUORVANE_FILTER_ENGINE", "cpu");
+        QCOMPARE(FiltersManager().engine(), Engine::Cpu);
+        qunsetenv("QUORVANE_FILTER_ENGINE");
+        // Left to itself, a manager passes over a GPU that is a rasteriser on the CPU.
+        const auto gpu = GpuColorEngine::create();
+        QCOMPARE(FiltersManager().engine(), gpu && !gpu->isSoftware() ? Engine::Gpu : Engine::Cpu);
+    }
+
+    void loadFilters_givesTheOriginalThenNineSwatches()
+    {
+        const QImage image = TestImages::quadrants(QSize(30, 20));
+        const QList<Filter> filters = m_manager->loadFilters(image);
+        const QStringList names{"Original", "Blue", "Green", "Gray", "Pink", "Yellow", "Orange", "Red", "Brown", "White"};
+        const QList<QColor> colours{QColor(0, 0, 255),   QColor(0, 255, 0),   QColor(128, 128, 128),
+                                    QColor(255, 45, 85), QColor(255, 255, 0), QColor(255, 128, 0),
+                                    QColor(255, 0, 0),   QColor(153, 102, 51), QColor(255, 255, 255)};
+        QCOMPARE(filters.size(), 10);
+        QCOMPARE(filters[0], (Filter{image, 0, "Original"}));
+        for (qsizetype i = 0; i < filters.size(); ++i) {
+            QCOMPARE(filters[i].name, names[i]);
+            QCOMPARE(filters[i].index, i);
+            QCOMPARE(filters[i].image.deviceIndependentSize(), image.deviceIndependentSize());
+            if (i > 0) {
+                QCOMPARE(filters[i].image.devicePixelRatio(), ImageHelpers::screenScale());
+                QVERIFY2(TestImages::near(filters[i].image.pixelColor(5, 5), colours[i - 1], 1), qPrintable(names[i]));
+                QVERIFY2(TestImages::near(filters[i].image.pixelColor(29, 19), colours[i - 1], 1), qPrintable(names[i]));
+            }
+        }
+    }
+
+    void filter_equality_needsTheSameImageObject()
+    {
+        const QImage image = TestImages::quadrants(QSize(4, 4));
+        QImage samePixels = image.copy();
+        QVERIFY(samePixels == image);
+        QVERIFY((Filter{image, 1, "Blue"} == Filter{image, 1, "Blue"}));
+        QVERIFY(!(Filter{image, 1, "Blue"} == Filter{samePixels, 1, "Blue"}));
+        QVERIFY(!(Filter{image, 1, "Blue"} == Filter{image, 2, "Blue"}));
+        QVERIFY(!(Filter{image, 1, "Blue"} == Filter{image, 1, "Red"}));
+    }
+};
+
+QTEST_MAIN(tst_FiltersManager)
+#include "tst_FiltersManager.moc"
