@@ -17,17 +17,21 @@ ColorMatrix diagonal(float r, float g, float b)
     return m;
 }
 
-QList<float> toList(const ColorMatrix& m)
+QList<qreal> toList(const ColorMatrix& m)
 {
-    return QList<float>(m.begin(), m.end());
+    QList<qreal> list;
+    list.reserve(16);
+    for (const float v : m)
+        list.append(v);
+    return list;
 }
 
-ColorMatrix fromList(const QList<float>& list)
+ColorMatrix fromList(const QList<qreal>& list)
 {
     if (list.size() < 16)
         qFatal("A colour matrix needs 16 numbers, row by row; %lld were given", qlonglong(list.size()));
     ColorMatrix m;
-    std::copy_n(list.cbegin(), 16, m.begin());
+    std::transform(list.cbegin(), list.cbegin() + 16, m.begin(), [](qreal v) { return float(v); });
     return m;
 }
 
@@ -95,37 +99,37 @@ ColorMatrix testMatrix(float intensity, float luminosity, float exposure, float 
     return concat(concat(concat(concat(w, s), l), e), t);
 }
 
-QList<float> ColorMatrices::warmMatrix(float intensity)
+QList<qreal> ColorMatrices::warmMatrix(float intensity)
 {
     return toList(::warmMatrix(intensity));
 }
 
-QList<float> ColorMatrices::luminosityMatrix(float lum)
+QList<qreal> ColorMatrices::luminosityMatrix(float lum)
 {
     return toList(::luminosityMatrix(lum));
 }
 
-QList<float> ColorMatrices::saturate(float sat)
+QList<qreal> ColorMatrices::saturate(float sat)
 {
     return toList(::saturate(sat));
 }
 
-QList<float> ColorMatrices::exposureMatrix(float exposure)
+QList<qreal> ColorMatrices::exposureMatrix(float exposure)
 {
     return toList(::exposureMatrix(exposure));
 }
 
-QList<float> ColorMatrices::tintMatrix(float intensity)
+QList<qreal> ColorMatrices::tintMatrix(float intensity)
 {
     return toList(::tintMatrix(intensity));
 }
 
-QList<float> ColorMatrices::concat(const QList<float>& matrix1, const QList<float>& matrix2)
+QList<qreal> ColorMatrices::concat(const QList<qreal>& matrix1, const QList<qreal>& matrix2)
 {
     return toList(::concat(fromList(matrix1), fromList(matrix2)));
 }
 
-QList<float> ColorMatrices::testMatrix(float intensity, float luminosity, float exposure, float saturation,
+QList<qreal> ColorMatrices::testMatrix(float intensity, float luminosity, float exposure, float saturation,
                                        float tint)
 {
     return toList(::testMatrix(intensity, luminosity, exposure, saturation, tint));

@@ -27,7 +27,7 @@ ColorMatrix concat(const ColorMatrix& matrix1, const ColorMatrix& matrix2);
 /// warm · saturation · luminosity · exposure · tint. The parameters are deliberately in another order.
 ColorMatrix testMatrix(float intensity, float luminosity, float exposure, float saturation, float tint);
 
-/// The same builders for the screens, as lists of 16 numbers row by row.
+/// The same builders for the screens, as lists of 16 numbers row by row (each a float widened exactly).
 class ColorMatrices : public QObject
 {
     Q_OBJECT
@@ -37,14 +37,14 @@ class ColorMatrices : public QObject
 public:
     using QObject::QObject;
 
-    Q_INVOKABLE static QList<float> warmMatrix(float intensity = 0.1f);
-    Q_INVOKABLE static QList<float> luminosityMatrix(float lum);
-    Q_INVOKABLE static QList<float> saturate(float sat);
-    Q_INVOKABLE static QList<float> exposureMatrix(float exposure);
-    Q_INVOKABLE static QList<float> tintMatrix(float intensity);
+    Q_INVOKABLE static QList<qreal> warmMatrix(float intensity = 0.1f);
+    Q_INVOKABLE static QList<qreal> luminosityMatrix(float lum);
+    Q_INVOKABLE static QList<qreal> saturate(float sat);
+    Q_INVOKABLE static QList<qreal> exposureMatrix(float exposure);
+    Q_INVOKABLE static QList<qreal> tintMatrix(float intensity);
     /// Both lists must hold at least 16 numbers; a shorter one is a programming error that stops the
     /// program. Numbers beyond 16 are ignored.
-    Q_INVOKABLE static QList<float> concat(const QList<float>& matrix1, const QList<float>& matrix2);
-    Q_INVOKABLE static QList<float> testMatrix(float intensity, float luminosity, float exposure,
+    Q_INVOKABLE static QList<qreal> concat(const QList<qreal>& matrix1, const QList<qreal>& matrix2);
+    Q_INVOKABLE static QList<qreal> testMatrix(float intensity, float luminosity, float exposure,
                                                float saturation, float tint);
 };

@@ -30,10 +30,10 @@ struct CatalogueEntry
 
 // The platform's standard colours the catalogue names, in its order.
 const CatalogueEntry catalogue[] = {
-    {"Blue", QColor::fromRgbF(0, 0, 1)},          {"Green", QColor::fromRgbF(0, 1, 0)},
-    {"Gray", QColor::fromRgbF(0.5, 0.5, 0.5)},    {"Pink", QColor(255, 45, 85)},
-    {"Yellow", QColor::fromRgbF(1, 1, 0)},        {"Orange", QColor::fromRgbF(1, 0.5, 0)},
-    {"Red", QColor::fromRgbF(1, 0, 0)},           {"Brown", QColor::fromRgbF(0.6, 0.4, 0.2)},
+    {"Blue", QColor::fromRgbF(0, 0, 1)},       {"Green", QColor::fromRgbF(0, 1, 0)},
+    {"Gray", QColor::fromRgbF(0.5, 0.5, 0.5)}, {"Pink", QColor(255, 45, 85)},
+    {"Yellow", QColor::fromRgbF(1, 1, 0)},     {"Orange", QColor::fromRgbF(1, 0.5, 0)},
+    {"Red", QColor::fromRgbF(1, 0, 0)},        {"Brown", QColor::fromRgbF(0.6, 0.4, 0.2)},
     {"White", QColor::fromRgbF(1, 1, 1)},
 };
 
@@ -82,8 +82,8 @@ std::optional<QImage> FiltersManager::applyColorMatrix(const QImage& image, cons
     const bool finite = std::all_of(matrix.begin(), matrix.end(), [](float v) { return std::isfinite(v); });
     if (image.isNull() || !finite)
         return std::nullopt;
-    const bool fitsTexture = m_gpu && image.width() <= m_gpu->maxTextureSize() &&
-                             image.height() <= m_gpu->maxTextureSize();
+    const bool fitsTexture =
+        m_gpu && image.width() <= m_gpu->maxTextureSize() && image.height() <= m_gpu->maxTextureSize();
     if (!fitsTexture) {
         QImage result = applyColorMatrixOnCpu(image, matrix);
         return result.isNull() ? std::nullopt : std::optional<QImage>(std::move(result));

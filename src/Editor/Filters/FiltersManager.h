@@ -39,8 +39,8 @@ public:
     std::optional<QImage> applyFilter(const QImage& image, FilterType type);
     /// Each pixel's premultiplied bytes times \a matrix (a row vector), saturated to 8 bits. The result has
     /// the bitmap's pixel size at scale 1, in Format_RGBA8888_Premultiplied. Empty for a null image, a
-    /// matrix holding infinity or NaN, or when the work fails; images beyond the GPU's texture size run on the
-    /// CPU.
+    /// matrix holding infinity or NaN, or when the work fails; images beyond the GPU's texture size run on
+    /// the CPU.
     std::optional<QImage> applyColorMatrix(const QImage& image, const ColorMatrix& matrix);
 
     /// Threadgroups of 8×8 of the last run on the GPU: (⌈w / 8⌉, ⌈h / 8⌉, 1). Zero before any.

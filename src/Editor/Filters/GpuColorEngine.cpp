@@ -27,7 +27,8 @@ const char* const kernelResource = ":/quorvane/sdkimage/shaders/colorMatrixKerne
 QShader loadKernel()
 {
     QFile file(QString::fromLatin1(kernelResource));
-    const QShader shader = file.open(QIODevice::ReadOnly) ? QShader::fromSerialized(file.readAll()) : QShader();
+    const QShader shader =
+        file.open(QIODevice::ReadOnly) ? QShader::fromSerialized(file.readAll()) : QShader();
     if (!shader.isValid())
         qFatal("The compute shader \"colorMatrixKernel\" is missing from the component's resources (%s): the "
                "build did not bake it",
@@ -149,8 +150,8 @@ std::unique_ptr<GpuColorEngine> GpuColorEngine::create()
         return nullptr;
 
     QRhi& rhi = *engine->m_rhi;
-    engine->m_layoutTexture.reset(rhi.newTexture(QRhiTexture::RGBA8, QSize(1, 1), 1,
-                                                 QRhiTexture::UsedWithLoadStore));
+    engine->m_layoutTexture.reset(
+        rhi.newTexture(QRhiTexture::RGBA8, QSize(1, 1), 1, QRhiTexture::UsedWithLoadStore));
     engine->m_layoutBuffer.reset(rhi.newBuffer(QRhiBuffer::Dynamic, QRhiBuffer::UniformBuffer, 64));
     if (!engine->m_layoutTexture->create() || !engine->m_layoutBuffer->create())
         return nullptr;
@@ -271,8 +272,9 @@ std::optional<QImage> GpuColorEngine::textureTo(const Texture& texture)
         return std::nullopt;
     // The image takes the read-back bytes over instead of copying them.
     auto* bytes = new QByteArray(std::move(readback.data));
-    QImage image(reinterpret_cast<uchar*>(bytes->data()), size.width(), size.height(),
-                 qsizetype(size.width()) * 4, QImage::Format_RGBA8888_Premultiplied,
-                 [](void* data) { delete static_cast<QByteArray*>(data); }, bytes);
+    QImage image(
+        reinterpret_cast<uchar*>(bytes->data()), size.width(), size.height(), qsizetype(size.width()) * 4,
+        QImage::Format_RGBA8888_Premultiplied, [](void* data) { delete static_cast<QByteArray*>(data); },
+        bytes);
     return image;
 }

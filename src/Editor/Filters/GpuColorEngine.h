@@ -35,9 +35,10 @@ public:
         friend bool operator==(const Dispatch&, const Dispatch&) = default;
     };
 
-    /// The first backend of this platform that runs compute shaders (QSG_RHI_BACKEND picks one, as it does for
-    /// Qt Quick; QSG_RHI_DEBUG_LAYER=1 when the first engine is made turns Vulkan's validation on). Null when none can be made: no GUI
-    /// application, a platform without GPU access such as "offscreen", or no driver.
+    /// The first backend of this platform that runs compute shaders (QSG_RHI_BACKEND picks one, as it does
+    /// for Qt Quick; QSG_RHI_DEBUG_LAYER=1 when the first engine is made turns Vulkan's validation on). Null
+    /// when none can be made: no GUI application, a platform without GPU access such as "offscreen", or no
+    /// driver.
     static std::unique_ptr<GpuColorEngine> create();
     ~GpuColorEngine();
     GpuColorEngine(const GpuColorEngine&) = delete;

@@ -5,8 +5,8 @@
 
 #include <QImageReader>
 #include <QRandomGenerator>
-#include <QVulkanInstance>
 #include <QTest>
+#include <QVulkanInstance>
 #include <cmath>
 
 namespace {
@@ -65,6 +65,17 @@ QImage craftedPixels(QSize size, QImage::Format format)
     return image.convertToFormat(format);
 }
 
+// Vulkan's validation layer reaches Qt's log as debug messages.
+QStringList validationMessages;
+QtMessageHandler qtHandler = nullptr;
+
+void recordValidation(QtMsgType type, const QMessageLogContext& context, const QString& message)
+{
+    if (message.startsWith(u"vkDebug:"))
+        validationMessages.append(message);
+    qtHandler(type, context, message);
+}
+
 QImage photo()
 {
     QImageReader reader(TestImages::photoPath());
@@ -87,6 +98,7 @@ private slots:
     void initTestCase()
     {
         QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+        qtHandler = qInstallMessageHandler(recordValidation);
         const QString backend = qEnvironmentVariable("QUORVANE_EXPECT_BACKEND");
         m_manager = std::make_unique<FiltersManager>(backend.isEmpty() ? Engine::Cpu : Engine::Gpu);
         QCOMPARE(m_manager->backendName(), backend.isEmpty() ? QStringLiteral("CPU") : backend);
@@ -99,14 +111,23 @@ private slots:
 #endif
     }
 
+    void cleanup()
+    {
+        const QStringList messages = std::exchange(validationMessages, {});
+        QVERIFY2(messages.isEmpty(), qPrintable(messages.join(u'\n')));
+    }
+
     void applyColorMatrix_matchesTheScalarReference_data()
     {
         QTest::addColumn<QImage>("image");
         QTest::addColumn<ColorMatrix>("matrix");
         const ColorMatrix all = testMatrix(0.5f, 0.5f, 0.5f, 0.5f, 0.5f);
-        const ColorMatrix negative{-1.5f, 0.2f, 0.7f, 0, 0.3f, -0.4f, 1.9f, 0, 0.6f, 1.1f, -2, 0, 0.1f, -0.2f, 0.5f, 1};
+        const ColorMatrix negative{-1.5f, 0.2f, 0.7f, 0, 0.3f, -0.4f, 1.9f, 0,
+                                   0.6f,  1.1f, -2,   0, 0.1f, -0.2f, 0.5f, 1};
         const ColorMatrix alphaMixed{1, 0, 0, 0.5f, 0, 1, 0, 0.25f, 0, 0, 1, 0, 0, 0, 0, 0.5f};
-        const auto crafted = [](int w, int h) { return craftedPixels(QSize(w, h), QImage::Format_RGBA8888_Premultiplied); };
+        const auto crafted = [](int w, int h) {
+            return craftedPixels(QSize(w, h), QImage::Format_RGBA8888_Premultiplied);
+        };
         QTest::newRow("1×1, all five at 0.5") << crafted(1, 1) << all;
         QTest::newRow("9×8, all five at 0.5") << crafted(9, 8) << all;
         QTest::newRow("97×61, all five at 0.5") << crafted(97, 61) << all;
@@ -115,13 +136,16 @@ private slots:
         QTest::newRow("97×61, brighter by an offset") << crafted(97, 61) << luminosityMatrix(0.4f);
         QTest::newRow("97×61, grey") << crafted(97, 61) << saturate(0);
         // The formats photos arrive in are read in place, in their own byte order.
-        QTest::newRow("ARGB32 premultiplied") << craftedPixels(QSize(97, 61), QImage::Format_ARGB32_Premultiplied) << negative;
-        QTest::newRow("RGB32, alpha byte ignored") << craftedPixels(QSize(97, 61), QImage::Format_RGB32) << negative;
+        QTest::newRow("ARGB32 premultiplied")
+            << craftedPixels(QSize(97, 61), QImage::Format_ARGB32_Premultiplied) << negative;
+        QTest::newRow("RGB32, alpha byte ignored")
+            << craftedPixels(QSize(97, 61), QImage::Format_RGB32) << negative;
         QTest::newRow("RGBX8888") << craftedPixels(QSize(97, 61), QImage::Format_RGBX8888) << alphaMixed;
         QTest::newRow("straight ARGB32") << craftedPixels(QSize(97, 61), QImage::Format_ARGB32) << all;
         QTest::newRow("grayscale") << craftedPixels(QSize(97, 61), QImage::Format_Grayscale8) << all;
         QTest::newRow("real photo") << photo() << all;
-        QTest::newRow("real photo, cooler and darker") << photo() << testMatrix(-0.3f, -0.1f, -0.5f, 1.4f, -1);
+        QTest::newRow("real photo, cooler and darker")
+            << photo() << testMatrix(-0.3f, -0.1f, -0.5f, 1.4f, -1);
     }
 
     void applyColorMatrix_matchesTheScalarReference()
@@ -194,9 +218,10 @@ private slots:
     {
         const QImage image = TestImages::quadrants(QSize(30, 20));
         const QList<Filter> filters = m_manager->loadFilters(image);
-        const QStringList names{"Original", "Blue", "Green", "Gray", "Pink", "Yellow", "Orange", "Red", "Brown", "White"};
-        const QList<QColor> colours{QColor(0, 0, 255),   QColor(0, 255, 0),   QColor(128, 128, 128),
-                                    QColor(255, 45, 85), QColor(255, 255, 0), QColor(255, 128, 0),
+        const QStringList names{"Original", "Blue",   "Green", "Gray",  "Pink",
+                                "Yellow",   "Orange", "Red",   "Brown", "White"};
+        const QList<QColor> colours{QColor(0, 0, 255),   QColor(0, 255, 0),    QColor(128, 128, 128),
+                                    QColor(255, 45, 85), QColor(255, 255, 0),  QColor(255, 128, 0),
                                     QColor(255, 0, 0),   QColor(153, 102, 51), QColor(255, 255, 255)};
         QCOMPARE(filters.size(), 10);
         QCOMPARE(filters[0], (Filter{image, 0, "Original"}));
@@ -206,8 +231,10 @@ private slots:
             QCOMPARE(filters[i].image.deviceIndependentSize(), image.deviceIndependentSize());
             if (i > 0) {
                 QCOMPARE(filters[i].image.devicePixelRatio(), ImageHelpers::screenScale());
-                QVERIFY2(TestImages::near(filters[i].image.pixelColor(5, 5), colours[i - 1], 1), qPrintable(names[i]));
-                QVERIFY2(TestImages::near(filters[i].image.pixelColor(29, 19), colours[i - 1], 1), qPrintable(names[i]));
+                QVERIFY2(TestImages::near(filters[i].image.pixelColor(5, 5), colours[i - 1], 1),
+                         qPrintable(names[i]));
+                QVERIFY2(TestImages::near(filters[i].image.pixelColor(29, 19), colours[i - 1], 1),
+                         qPrintable(names[i]));
             }
         }
     }
