@@ -1,3 +1,4 @@
+#include "Editor/Filters/CpuColorEngine.h"
 #include "TestImages.h"
 
 #include <QDir>
@@ -117,6 +118,34 @@ private slots:
         QCOMPARE(QImage(output).convertToFormat(QImage::Format_RGB32), expected);
     }
 
+    void color_isAppliedAfterTheGeometry_data()
+    {
+        QTest::addColumn<QStringList>("engine");
+        QTest::newRow("engine picked") << QStringList{};
+        QTest::newRow("cpu") << QStringList{"--engine", "cpu"};
+    }
+
+    void color_isAppliedAfterTheGeometry()
+    {
+        QFETCH(QStringList, engine);
+        const QImage photo =
+            QImage(photoPath()).copy(800, 600, 320, 240).convertToFormat(QImage::Format_RGB32);
+        const QString input = file(QStringLiteral("colour-part.png"));
+        QVERIFY(writeFile(input, encode(photo, "png")));
+        const QString output = file(QStringLiteral("coloured.png"));
+
+        const Run run = runTool(QStringList{"edit", input, "--rotate", "90", "--color",
+                                            "0.2,0.1,-0.5,1.3,0.4", "--format", "png", "--output", output} +
+                                    engine,
+                                m_dir.path());
+
+        QVERIFY2(run.exitCode == 0, qPrintable(run.err));
+        // Warmth, luminosity, exposure, saturation, tint: testMatrix's parameter order.
+        const QImage expected =
+            applyColorMatrixOnCpu(displayed(photo, 6), testMatrix(0.2f, 0.1f, -0.5f, 1.3f, 0.4f));
+        QCOMPARE(QImage(output).convertToFormat(QImage::Format_RGBA8888_Premultiplied), expected);
+    }
+
     void edit_withoutOutput_writesANewFileInDocuments()
     {
         const QString home = file(QStringLiteral("home"));
@@ -165,10 +194,24 @@ private slots:
             << "error ImageSaverImp: compress image failed";
         QTest::newRow("bad crop") << QStringList{"edit", file("photo.png"), "--crop", "1,2,3"} << 64
                                   << "--crop" << QString();
-        QTest::newRow("bad rotate") << QStringList{"edit", file("photo.png"), "--rotate", "left"} << 64
-                                    << "--rotate" << QString();
         QTest::newRow("infinite rotate")
             << QStringList{"edit", file("photo.png"), "--rotate", "inf"} << 64 << "--rotate" << QString();
+        QTest::newRow("four colour values")
+            << QStringList{"edit", file("photo.png"), "--color", "0,0,0,1"} << 64 << "--color" << QString();
+        // 2^200 overflows a float: no finite matrix.
+        QTest::newRow("exposure beyond a float")
+            << QStringList{"edit", file("photo.png"), "--color", "0,0,200,1,0"} << 64 << "--color"
+            << QString();
+        QTest::newRow("unknown engine")
+            << QStringList{"edit", file("photo.png"), "--color", "0,0,0,1,0", "--engine", "tpu"} << 64
+            << "--engine" << QString();
+        QTest::newRow("engine without colour") << QStringList{"edit", file("photo.png"), "--engine", "cpu"}
+                                               << 64 << "give --color too" << QString();
+        // These tests run without a display.
+        QTest::newRow("GPU where there is none")
+            << QStringList{"edit", file("photo.png"), "--color", "0,0,0,1,0", "--engine",
+                           "gpu",  "--output",        out}
+            << 64 << "No GPU can run the colour matrix here" << QString();
         QTest::newRow("no command") << QStringList{} << 64 << "usage:" << QString();
         QTest::newRow("other command")
             << QStringList{"crop", file("photo.png")} << 64 << "usage:" << QString();

@@ -7,6 +7,7 @@
 
 #include <QFileInfo>
 #include <QRegularExpression>
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -69,14 +70,33 @@ std::optional<QuorvaneSdkImageOutputFormat> parseFormat(const QString& text)
     return QuorvaneSdkImageOutputFormat::jpg(match.captured(1).toInt());
 }
 
+std::optional<ColorMatrix> parseColor(const QString& text)
+{
+    const QStringList parts = text.split(u',');
+    if (parts.size() != 5)
+        return std::nullopt;
+    float values[5];
+    for (int i = 0; i < 5; ++i) {
+        bool ok = false;
+        values[i] = parts[i].toFloat(&ok);
+        if (!ok || !std::isfinite(values[i]))
+            return std::nullopt;
+    }
+    const ColorMatrix matrix = testMatrix(values[0], values[1], values[2], values[3], values[4]);
+    if (!std::all_of(matrix.begin(), matrix.end(), [](float v) { return std::isfinite(v); }))
+        return std::nullopt;
+    return matrix;
+}
+
 } // namespace
 
 QString usageText()
 {
     return QStringLiteral(
         "usage: quorvane-image edit INPUT [--crop X,Y,W,H] [--rotate DEGREES] [--flip-horizontal]\n"
-        "                           [--flip-vertical] [--resize WxH] [--format jpg[:QUALITY]|png]\n"
-        "                           [--output PATH]\n");
+        "                           [--flip-vertical]\n"
+        "                           [--color WARM,LUMINOSITY,EXPOSURE,SATURATION,TINT [--engine cpu|gpu]]\n"
+        "                           [--resize WxH] [--format jpg[:QUALITY]|png] [--output PATH]\n");
 }
 
 std::variant<EditOptions, UsageError> parseEditCommand(const QStringList& arguments)
@@ -96,7 +116,8 @@ std::variant<EditOptions, UsageError> parseEditCommand(const QStringList& argume
         }
         const bool isOption = argument.startsWith(u"--");
         const bool takesValue = argument == u"--crop" || argument == u"--rotate" || argument == u"--resize" ||
-                                argument == u"--format" || argument == u"--output";
+                                argument == u"--format" || argument == u"--output" ||
+                                argument == u"--color" || argument == u"--engine";
         if (takesValue && i + 1 >= arguments.size())
             return UsageError{QStringLiteral("%1 needs a value.").arg(argument)};
         if (argument == u"--crop") {
@@ -119,6 +140,17 @@ std::variant<EditOptions, UsageError> parseEditCommand(const QStringList& argume
             if (!format)
                 return UsageError{QStringLiteral("--format takes jpg, jpg:QUALITY (0 to 100) or png.")};
             options.format = *format;
+        } else if (argument == u"--color") {
+            options.color = parseColor(arguments[++i]);
+            if (!options.color)
+                return UsageError{QStringLiteral(
+                    "--color takes five numbers WARM,LUMINOSITY,EXPOSURE,SATURATION,TINT, e.g. 0.1,0,0,1,0 "
+                    "(exposure at most 127).")};
+        } else if (argument == u"--engine") {
+            const QString engine = arguments[++i];
+            if (engine != u"cpu" && engine != u"gpu")
+                return UsageError{QStringLiteral("--engine takes cpu or gpu.")};
+            options.engine = engine == u"cpu" ? FiltersManager::Engine::Cpu : FiltersManager::Engine::Gpu;
         } else if (argument == u"--output") {
             options.output = arguments[++i];
         } else if (isOption) {
@@ -132,6 +164,8 @@ std::variant<EditOptions, UsageError> parseEditCommand(const QStringList& argume
     }
     if (options.input.isEmpty())
         return UsageError{QStringLiteral("INPUT is missing.")};
+    if (options.engine && !options.color)
+        return UsageError{QStringLiteral("--engine chooses where --color runs; give --color too.")};
     return options;
 }
 
@@ -165,6 +199,19 @@ int runEditCommand(const EditOptions& options, QTextStream& out, QTextStream& er
             else
                 err << "The crop rectangle holds no pixels.\n";
             return error.code();
+        }
+    }
+    if (options.color) {
+        FiltersManager filters = options.engine ? FiltersManager(*options.engine) : FiltersManager();
+        if (options.engine == FiltersManager::Engine::Gpu &&
+            filters.engine() != FiltersManager::Engine::Gpu) {
+            err << "No GPU can run the colour matrix here; leave --engine out or use --engine cpu.\n";
+            return kExitUsage;
+        }
+        image = filters.applyColorMatrix(*image, *options.color);
+        if (!image) {
+            err << "The colour matrix could not be applied to the image.\n";
+            return kExitColorFailed;
         }
     }
     const QuorvaneSdkImageEditorResult result = session.getResult(image);

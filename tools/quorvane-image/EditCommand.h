@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Editor/Filters/FiltersManager.h"
 #include "Editor/QuorvaneSdkImageOutputFormat.h"
 
 #include <QRect>
@@ -11,6 +12,7 @@
 #include <variant>
 
 /// `quorvane-image edit INPUT [--crop X,Y,W,H] [--rotate DEGREES] [--flip-horizontal] [--flip-vertical]
+///                       [--color WARM,LUMINOSITY,EXPOSURE,SATURATION,TINT [--engine cpu|gpu]]
 ///                       [--resize WxH] [--format jpg[:QUALITY]|png] [--output PATH]`
 struct EditOptions
 {
@@ -20,6 +22,10 @@ struct EditOptions
     double rotateDegrees = 0.0;
     bool flipHorizontal = false;
     bool flipVertical = false;
+    /// testMatrix of these five values, in its parameter order, applied after the geometry.
+    std::optional<ColorMatrix> color;
+    /// Where the colour matrix runs; picked as FiltersManager picks it when absent.
+    std::optional<FiltersManager::Engine> engine;
     std::optional<QSizeF> resize;
     QuorvaneSdkImageOutputFormat format = QuorvaneSdkImageOutputFormat::jpg(100);
     std::optional<QString> output;
@@ -31,12 +37,15 @@ struct UsageError
 };
 
 constexpr int kExitUsage = 64;
+/// The colour engine failed on the image (no memory, or the GPU refused the work).
+constexpr int kExitColorFailed = 70;
 
 /// \a arguments without the program name.
 std::variant<EditOptions, UsageError> parseEditCommand(const QStringList& arguments);
 
 /// Runs the edit; prints the written file's path on \a out, one sentence on \a err on failure. Returns the
-/// process exit code: 0, or the QuorvaneSdkImageError code of the failure.
+/// process exit code: 0, the QuorvaneSdkImageError code of the failure, kExitUsage when --engine gpu finds
+/// no GPU, or kExitColorFailed.
 int runEditCommand(const EditOptions& options, QTextStream& out, QTextStream& err);
 
 QString usageText();

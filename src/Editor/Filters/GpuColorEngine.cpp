@@ -93,6 +93,10 @@ std::unique_ptr<GpuColorEngine> GpuColorEngine::create()
 {
     if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance()))
         return nullptr;
+    // These platforms reach no GPU; asking would only print warnings.
+    const QString platform = QGuiApplication::platformName();
+    if (platform == u"offscreen" || platform == u"minimal")
+        return nullptr;
     std::unique_ptr<GpuColorEngine> engine(new GpuColorEngine);
     for (const QRhi::Implementation backend : backendsToTry()) {
         engine->m_rhi.reset();
