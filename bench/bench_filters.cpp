@@ -1,0 +1,102 @@
+// The colour engine on a 12-megapixel photo: the CPU engine, and the GPU path split into its three steps
+// (upload, dispatch, read-back) on whichever backend QSG_RHI_BACKEND names. Run under a display for the GPU;
+// without one only the CPU figures come out. QUORVANE_BENCH_PHOTO names the photo (bench/run prepares it).
+#include "Editor/Filters/CpuColorEngine.h"
+#include "Editor/Filters/FiltersManager.h"
+#include "Editor/Filters/GpuColorEngine.h"
+#include "Editor/Helpers/ImageLoader.h"
+
+#include <QGuiApplication>
+#include <benchmark/benchmark.h>
+
+namespace {
+
+const QImage& photo()
+{
+    static const QImage image = [] {
+        const ImageLoadResult loaded =
+            loadImageFile(qEnvironmentVariable("QUORVANE_BENCH_PHOTO"), 100'000'000);
+        if (!loaded.image)
+            qFatal("cannot load the benchmark photo: %s", qPrintable(loaded.failure));
+        return *loaded.image;
+    }();
+    return image;
+}
+
+const ColorMatrix matrix = testMatrix(0.5f, 0.5f, 0.5f, 0.5f, 0.5f);
+
+void cpuEngine(benchmark::State& state)
+{
+    for (auto _ : state) {
+        const QImage result = applyColorMatrixOnCpu(photo(), matrix);
+        benchmark::DoNotOptimize(result.constBits());
+    }
+}
+
+// What opening the filters page pays to pick its engine: the GPU probe, dropped again on a software one.
+void managerConstruction(benchmark::State& state)
+{
+    for (auto _ : state) {
+        FiltersManager manager;
+        benchmark::DoNotOptimize(manager.engine());
+    }
+}
+
+GpuColorEngine* gpu()
+{
+    static const std::unique_ptr<GpuColorEngine> engine = GpuColorEngine::create();
+    return engine.get();
+}
+
+void gpuUpload(benchmark::State& state)
+{
+    for (auto _ : state)
+        benchmark::DoNotOptimize(gpu()->loadTexture(photo()).get());
+}
+
+void gpuDispatch(benchmark::State& state)
+{
+    const auto input = gpu()->loadTexture(photo());
+    for (auto _ : state)
+        benchmark::DoNotOptimize(gpu()->applyColorMatrix(input, matrix).get());
+}
+
+void gpuReadBack(benchmark::State& state)
+{
+    const auto output = gpu()->applyColorMatrix(gpu()->loadTexture(photo()), matrix);
+    for (auto _ : state) {
+        const auto image = gpu()->textureTo(output);
+        benchmark::DoNotOptimize(image->constBits());
+    }
+}
+
+void gpuWhole(benchmark::State& state)
+{
+    FiltersManager manager(FiltersManager::Engine::Gpu);
+    for (auto _ : state) {
+        const auto image = manager.applyColorMatrix(photo(), matrix);
+        benchmark::DoNotOptimize(image->constBits());
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QGuiApplication app(argc, argv);
+    benchmark::RegisterBenchmark("cpuEngine", cpuEngine)->Unit(benchmark::kMillisecond)->MinTime(2.0);
+    benchmark::RegisterBenchmark("managerConstruction", managerConstruction)
+        ->Unit(benchmark::kMillisecond)
+        ->MinTime(1.0);
+    if (gpu()) {
+        qInfo("GPU: %s", qPrintable(gpu()->backendName()));
+        benchmark::RegisterBenchmark("gpuUpload", gpuUpload)->Unit(benchmark::kMillisecond)->MinTime(2.0);
+        benchmark::RegisterBenchmark("gpuDispatch", gpuDispatch)->Unit(benchmark::kMillisecond)->MinTime(2.0);
+        benchmark::RegisterBenchmark("gpuReadBack", gpuReadBack)->Unit(benchmark::kMillisecond)->MinTime(2.0);
+        benchmark::RegisterBenchmark("gpuWhole", gpuWhole)->Unit(benchmark::kMillisecond)->MinTime(2.0);
+    }
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}
