@@ -42,10 +42,12 @@ void managerConstruction(benchmark::State& state)
     }
 }
 
+// Made after the application and destroyed before it, as every engine must be.
+std::unique_ptr<GpuColorEngine> gpuEngine;
+
 GpuColorEngine* gpu()
 {
-    static const std::unique_ptr<GpuColorEngine> engine = GpuColorEngine::create();
-    return engine.get();
+    return gpuEngine.get();
 }
 
 void gpuUpload(benchmark::State& state)
@@ -84,6 +86,7 @@ void gpuWhole(benchmark::State& state)
 int main(int argc, char** argv)
 {
     QGuiApplication app(argc, argv);
+    gpuEngine = GpuColorEngine::create();
     benchmark::RegisterBenchmark("cpuEngine", cpuEngine)->Unit(benchmark::kMillisecond)->MinTime(2.0);
     benchmark::RegisterBenchmark("managerConstruction", managerConstruction)
         ->Unit(benchmark::kMillisecond)
@@ -98,5 +101,6 @@ int main(int argc, char** argv)
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
+    gpuEngine.reset();
     return 0;
 }

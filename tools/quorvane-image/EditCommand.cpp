@@ -202,13 +202,14 @@ int runEditCommand(const EditOptions& options, QTextStream& out, QTextStream& er
         }
     }
     if (options.color) {
-        FiltersManager filters = options.engine ? FiltersManager(*options.engine) : FiltersManager();
+        const auto filters = options.engine ? std::make_unique<FiltersManager>(*options.engine)
+                                            : std::make_unique<FiltersManager>();
         if (options.engine == FiltersManager::Engine::Gpu &&
-            filters.engine() != FiltersManager::Engine::Gpu) {
+            filters->engine() != FiltersManager::Engine::Gpu) {
             err << "No GPU can run the colour matrix here; leave --engine out or use --engine cpu.\n";
             return kExitUsage;
         }
-        image = filters.applyColorMatrix(*image, *options.color);
+        image = filters->applyColorMatrix(*image, *options.color);
         if (!image) {
             err << "The colour matrix could not be applied to the image.\n";
             return kExitColorFailed;

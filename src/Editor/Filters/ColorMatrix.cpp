@@ -1,5 +1,6 @@
 #include "ColorMatrix.h"
 
+#include <QJSEngine>
 #include <QtGlobal>
 #include <algorithm>
 #include <cmath>
@@ -28,8 +29,6 @@ QList<qreal> toList(const ColorMatrix& m)
 
 ColorMatrix fromList(const QList<qreal>& list)
 {
-    if (list.size() < 16)
-        qFatal("A colour matrix needs 16 numbers, row by row; %lld were given", qlonglong(list.size()));
     ColorMatrix m;
     std::transform(list.cbegin(), list.cbegin() + 16, m.begin(), [](qreal v) { return float(v); });
     return m;
@@ -126,6 +125,11 @@ QList<qreal> ColorMatrices::tintMatrix(float intensity)
 
 QList<qreal> ColorMatrices::concat(const QList<qreal>& matrix1, const QList<qreal>& matrix2)
 {
+    if (matrix1.size() < 16 || matrix2.size() < 16) {
+        if (QJSEngine* engine = qjsEngine(this))
+            engine->throwError(QJSValue::RangeError, QStringLiteral("concat takes two lists of 16 numbers"));
+        return {};
+    }
     return toList(::concat(fromList(matrix1), fromList(matrix2)));
 }
 

@@ -42,9 +42,8 @@ public:
     Q_INVOKABLE static QList<qreal> saturate(float sat);
     Q_INVOKABLE static QList<qreal> exposureMatrix(float exposure);
     Q_INVOKABLE static QList<qreal> tintMatrix(float intensity);
-    /// Both lists must hold at least 16 numbers; a shorter one is a programming error that stops the
-    /// program. Numbers beyond 16 are ignored.
-    Q_INVOKABLE static QList<qreal> concat(const QList<qreal>& matrix1, const QList<qreal>& matrix2);
+    /// Numbers beyond 16 are ignored; a list of fewer throws a JavaScript error and gives an empty list.
+    Q_INVOKABLE QList<qreal> concat(const QList<qreal>& matrix1, const QList<qreal>& matrix2);
     Q_INVOKABLE static QList<qreal> testMatrix(float intensity, float luminosity, float exposure,
                                                float saturation, float tint);
 };

@@ -82,19 +82,17 @@ std::optional<QImage> FiltersManager::applyColorMatrix(const QImage& image, cons
     const bool finite = std::all_of(matrix.begin(), matrix.end(), [](float v) { return std::isfinite(v); });
     if (image.isNull() || !finite)
         return std::nullopt;
-    const bool fitsTexture =
-        m_gpu && image.width() <= m_gpu->maxTextureSize() && image.height() <= m_gpu->maxTextureSize();
-    if (!fitsTexture) {
-        QImage result = applyColorMatrixOnCpu(image, matrix);
-        return result.isNull() ? std::nullopt : std::optional<QImage>(std::move(result));
+    if (m_gpu && image.width() <= m_gpu->maxTextureSize() && image.height() <= m_gpu->maxTextureSize()) {
+        const auto input = m_gpu->loadTexture(image);
+        const auto output = input ? m_gpu->applyColorMatrix(input, matrix) : nullptr;
+        if (auto result = output ? m_gpu->textureTo(output) : std::nullopt)
+            return result;
+        // A GPU that refuses the work (out of memory, device lost) must not cost the user the edit.
     }
-    const auto input = m_gpu->loadTexture(image);
-    if (!input)
+    QImage result = applyColorMatrixOnCpu(image, matrix);
+    if (result.isNull())
         return std::nullopt;
-    const auto output = m_gpu->applyColorMatrix(input, matrix);
-    if (!output)
-        return std::nullopt;
-    return m_gpu->textureTo(output);
+    return result;
 }
 
 GpuColorEngine::Dispatch FiltersManager::lastDispatch() const

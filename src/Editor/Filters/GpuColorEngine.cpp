@@ -57,27 +57,21 @@ std::vector<QRhi::Implementation> backendsToTry()
 }
 
 #if QT_CONFIG(vulkan)
-// One Vulkan instance for the whole process, kept until the application ends: Qt 6.4's Vulkan backend routes
-// its memory allocator through the instance of the device made last, so a device whose own instance was
-// destroyed first crashed the next one to be used.
-QVulkanInstance* sharedVulkanInstance()
+// Engines alive at the same time share one Vulkan instance: Qt 6.4's Vulkan backend routes its memory
+// allocator through the instance of the device made last, so a device whose own instance was destroyed first
+// crashed the next one to be used.
+std::shared_ptr<QVulkanInstance> sharedVulkanInstance()
 {
-    static QVulkanInstance* instance = nullptr;
-    static bool tried = false;
-    if (tried)
+    static std::weak_ptr<QVulkanInstance> shared;
+    if (auto instance = shared.lock())
         return instance;
-    tried = true;
-    auto created = std::make_unique<QVulkanInstance>();
+    auto instance = std::make_shared<QVulkanInstance>();
     if (qEnvironmentVariableIntValue("QSG_RHI_DEBUG_LAYER"))
-        created->setLayers({"VK_LAYER_KHRONOS_validation"});
-    created->setExtensions(QRhiVulkanInitParams::preferredInstanceExtensions());
-    if (!created->create())
+        instance->setLayers({"VK_LAYER_KHRONOS_validation"});
+    instance->setExtensions(QRhiVulkanInitParams::preferredInstanceExtensions());
+    if (!instance->create())
         return nullptr;
-    instance = created.release();
-    qAddPostRoutine([] {
-        delete instance;
-        instance = nullptr;
-    });
+    shared = instance;
     return instance;
 }
 #endif
@@ -99,15 +93,22 @@ std::unique_ptr<GpuColorEngine> GpuColorEngine::create()
         return nullptr;
     std::unique_ptr<GpuColorEngine> engine(new GpuColorEngine);
     for (const QRhi::Implementation backend : backendsToTry()) {
+        engine->m_pipeline.reset();
+        engine->m_layout.reset();
+        engine->m_layoutBuffer.reset();
+        engine->m_layoutTexture.reset();
+        engine->m_sampler.reset();
         engine->m_rhi.reset();
         engine->m_fallbackSurface.reset();
+        engine->m_vulkanInstance.reset();
         switch (backend) {
 #if QT_CONFIG(vulkan)
         case QRhi::Vulkan: {
-            QRhiVulkanInitParams params;
-            params.inst = sharedVulkanInstance();
-            if (!params.inst)
+            engine->m_vulkanInstance = sharedVulkanInstance();
+            if (!engine->m_vulkanInstance)
                 continue;
+            QRhiVulkanInitParams params;
+            params.inst = engine->m_vulkanInstance.get();
             engine->m_rhi.reset(QRhi::create(QRhi::Vulkan, &params));
             break;
         }
@@ -146,36 +147,38 @@ std::unique_ptr<GpuColorEngine> GpuColorEngine::create()
         default:
             continue;
         }
-        if (engine->m_rhi && engine->m_rhi->isFeatureSupported(QRhi::Compute))
-            break;
-        engine->m_rhi.reset();
+        // A backend that cannot build the pipeline gives way to the next one.
+        if (engine->m_rhi && engine->m_rhi->isFeatureSupported(QRhi::Compute) && engine->createPipeline())
+            return engine;
     }
-    if (!engine->m_rhi)
-        return nullptr;
+    return nullptr;
+}
 
-    QRhi& rhi = *engine->m_rhi;
-    engine->m_layoutTexture.reset(
-        rhi.newTexture(QRhiTexture::RGBA8, QSize(1, 1), 1, QRhiTexture::UsedWithLoadStore));
-    engine->m_layoutBuffer.reset(rhi.newBuffer(QRhiBuffer::Dynamic, QRhiBuffer::UniformBuffer, 64));
-    if (!engine->m_layoutTexture->create() || !engine->m_layoutBuffer->create())
-        return nullptr;
-    engine->m_layout.reset(rhi.newShaderResourceBindings());
-    engine->m_layout->setBindings({
-        QRhiShaderResourceBinding::imageLoad(0, QRhiShaderResourceBinding::ComputeStage,
-                                             engine->m_layoutTexture.get(), 0),
+bool GpuColorEngine::createPipeline()
+{
+    m_sampler.reset(m_rhi->newSampler(QRhiSampler::Nearest, QRhiSampler::Nearest, QRhiSampler::None,
+                                      QRhiSampler::ClampToEdge, QRhiSampler::ClampToEdge));
+    m_layoutTexture.reset(
+        m_rhi->newTexture(QRhiTexture::RGBA8, QSize(1, 1), 1, QRhiTexture::UsedWithLoadStore));
+    m_layoutBuffer.reset(
+        m_rhi->newBuffer(QRhiBuffer::Dynamic, QRhiBuffer::UniformBuffer, sizeof(ColorMatrix)));
+    if (!m_sampler->create() || !m_layoutTexture->create() || !m_layoutBuffer->create())
+        return false;
+    m_layout.reset(m_rhi->newShaderResourceBindings());
+    m_layout->setBindings({
+        QRhiShaderResourceBinding::sampledTexture(0, QRhiShaderResourceBinding::ComputeStage,
+                                                  m_layoutTexture.get(), m_sampler.get()),
         QRhiShaderResourceBinding::imageStore(1, QRhiShaderResourceBinding::ComputeStage,
-                                              engine->m_layoutTexture.get(), 0),
+                                              m_layoutTexture.get(), 0),
         QRhiShaderResourceBinding::uniformBuffer(2, QRhiShaderResourceBinding::ComputeStage,
-                                                 engine->m_layoutBuffer.get()),
+                                                 m_layoutBuffer.get()),
     });
-    if (!engine->m_layout->create())
-        return nullptr;
-    engine->m_pipeline.reset(rhi.newComputePipeline());
-    engine->m_pipeline->setShaderStage({QRhiShaderStage::Compute, loadKernel()});
-    engine->m_pipeline->setShaderResourceBindings(engine->m_layout.get());
-    if (!engine->m_pipeline->create())
-        return nullptr;
-    return engine;
+    if (!m_layout->create())
+        return false;
+    m_pipeline.reset(m_rhi->newComputePipeline());
+    m_pipeline->setShaderStage({QRhiShaderStage::Compute, loadKernel()});
+    m_pipeline->setShaderResourceBindings(m_layout.get());
+    return m_pipeline->create();
 }
 
 GpuColorEngine::~GpuColorEngine() = default;
@@ -200,11 +203,17 @@ int GpuColorEngine::maxTextureSize() const
     return m_rhi->resourceLimit(QRhi::TextureSizeMax);
 }
 
-bool GpuColorEngine::runFrame(const std::function<void(QRhiCommandBuffer*)>& record)
+bool GpuColorEngine::runFrame(QRhiResourceUpdateBatch* batch,
+                              const std::function<void(QRhiCommandBuffer*)>& record)
 {
-    QRhiCommandBuffer* commands = nullptr;
-    if (m_rhi->beginOffscreenFrame(&commands) != QRhi::FrameOpSuccess)
+    if (!batch)
         return false;
+    QRhiCommandBuffer* commands = nullptr;
+    if (m_rhi->beginOffscreenFrame(&commands) != QRhi::FrameOpSuccess) {
+        // The device keeps only so many batches: one left unsubmitted is given back.
+        batch->release();
+        return false;
+    }
     record(commands);
     // Waits for the GPU: every step is synchronous.
     return m_rhi->endOffscreenFrame() == QRhi::FrameOpSuccess;
@@ -220,12 +229,13 @@ GpuColorEngine::Texture GpuColorEngine::loadTexture(const QImage& image)
                              : image.convertToFormat(QImage::Format_RGBA8888_Premultiplied);
     if (bytes.isNull())
         return nullptr;
-    Texture texture(m_rhi->newTexture(QRhiTexture::RGBA8, bytes.size(), 1, QRhiTexture::UsedWithLoadStore));
+    Texture texture(m_rhi->newTexture(QRhiTexture::RGBA8, bytes.size()));
     if (!texture->create())
         return nullptr;
     QRhiResourceUpdateBatch* upload = m_rhi->nextResourceUpdateBatch();
-    upload->uploadTexture(texture.get(), bytes);
-    if (!runFrame([&](QRhiCommandBuffer* commands) { commands->resourceUpdate(upload); }))
+    if (upload)
+        upload->uploadTexture(texture.get(), bytes);
+    if (!runFrame(upload, [&](QRhiCommandBuffer* commands) { commands->resourceUpdate(upload); }))
         return nullptr;
     return texture;
 }
@@ -241,7 +251,8 @@ GpuColorEngine::Texture GpuColorEngine::applyColorMatrix(const Texture& input, c
         return nullptr;
     std::unique_ptr<QRhiShaderResourceBindings> bindings(m_rhi->newShaderResourceBindings());
     bindings->setBindings({
-        QRhiShaderResourceBinding::imageLoad(0, QRhiShaderResourceBinding::ComputeStage, input.get(), 0),
+        QRhiShaderResourceBinding::sampledTexture(0, QRhiShaderResourceBinding::ComputeStage, input.get(),
+                                                  m_sampler.get()),
         QRhiShaderResourceBinding::imageStore(1, QRhiShaderResourceBinding::ComputeStage, output.get(), 0),
         QRhiShaderResourceBinding::uniformBuffer(2, QRhiShaderResourceBinding::ComputeStage,
                                                  matrixBuffer.get()),
@@ -249,9 +260,10 @@ GpuColorEngine::Texture GpuColorEngine::applyColorMatrix(const Texture& input, c
     if (!bindings->create())
         return nullptr;
     QRhiResourceUpdateBatch* update = m_rhi->nextResourceUpdateBatch();
-    update->updateDynamicBuffer(matrixBuffer.get(), 0, sizeof(ColorMatrix), matrix.data());
+    if (update)
+        update->updateDynamicBuffer(matrixBuffer.get(), 0, sizeof(ColorMatrix), matrix.data());
     const Dispatch dispatch{(size.width() + 7) / 8, (size.height() + 7) / 8, 1};
-    const bool ran = runFrame([&](QRhiCommandBuffer* commands) {
+    const bool ran = runFrame(update, [&](QRhiCommandBuffer* commands) {
         commands->beginComputePass(update);
         commands->setComputePipeline(m_pipeline.get());
         commands->setShaderResources(bindings.get());
@@ -268,8 +280,9 @@ std::optional<QImage> GpuColorEngine::textureTo(const Texture& texture)
 {
     QRhiReadbackResult readback;
     QRhiResourceUpdateBatch* read = m_rhi->nextResourceUpdateBatch();
-    read->readBackTexture(QRhiReadbackDescription(texture.get()), &readback);
-    if (!runFrame([&](QRhiCommandBuffer* commands) { commands->resourceUpdate(read); }))
+    if (read)
+        read->readBackTexture(QRhiReadbackDescription(texture.get()), &readback);
+    if (!runFrame(read, [&](QRhiCommandBuffer* commands) { commands->resourceUpdate(read); }))
         return std::nullopt;
     const QSize size = readback.pixelSize;
     if (size.isEmpty() || readback.data.size() < qsizetype(size.width()) * size.height() * 4)

@@ -13,6 +13,9 @@ class QRhiTexture;
 class QRhiBuffer;
 class QRhiCommandBuffer;
 class QRhiComputePipeline;
+class QRhiSampler;
+class QRhiResourceUpdateBatch;
+class QVulkanInstance;
 class QRhiShaderResourceBindings;
 class QOffscreenSurface;
 
@@ -63,11 +66,14 @@ public:
 
 private:
     GpuColorEngine() = default;
-    bool runFrame(const std::function<void(QRhiCommandBuffer*)>& record);
+    bool createPipeline();
+    bool runFrame(QRhiResourceUpdateBatch* batch, const std::function<void(QRhiCommandBuffer*)>& record);
 
-    // Declared first so that it outlives the device that uses it.
+    // Declared first so that they outlive the device that uses them.
+    std::shared_ptr<QVulkanInstance> m_vulkanInstance;
     std::unique_ptr<QOffscreenSurface> m_fallbackSurface;
     std::unique_ptr<QRhi> m_rhi;
+    std::unique_ptr<QRhiSampler> m_sampler;
     // The pipeline is built once against stand-ins of the resources each call binds.
     Texture m_layoutTexture;
     std::unique_ptr<QRhiBuffer> m_layoutBuffer;

@@ -73,6 +73,13 @@ private slots:
             << ColorMatrix{1.363326f, 0.713069f, 0.076580f, 0, 0.159351f, 1.140060f, 0.051053f, 0,
                            0.079675f, 0.237690f, 0.379080f, 0, 0.749533f, 0.664680f, 0.707107f, 1}
             << 0.0000005f;
+        QTest::newRow("testMatrix, all 0.5, to the bit")
+            << testMatrix(0.5f, 0.5f, 0.5f, 0.5f, 0.5f)
+            << ColorMatrix{0x1.5d02ecp+0f, 0x1.6d1764p-1f, 0x1.39ab98p-4f, 0,
+                           0x1.4659b0p-3f, 0x1.23daf4p+0f, 0x1.a23a22p-5f, 0,
+                           0x1.4659b0p-4f, 0x1.e6c9dcp-3f, 0x1.842d8ap-2f, 0,
+                           0x1.7fc2cep-1f, 0x1.5450fcp-1f, 0x1.6a09e6p-1f, 1}
+            << 0.0f;
         QTest::newRow("concat: identity on the left")
             << concat(identity, saturate(0.3f)) << saturate(0.3f) << 0.0f;
         QTest::newRow("concat: identity on the right")
@@ -82,6 +89,10 @@ private slots:
             << concat(ColorMatrix{1, 1, 1, 1},
                       ColorMatrix{1e8f, 0, 0, 0, 1, 0, 0, 0, -1e8f, 0, 0, 0, 1, 0, 0, 0})
             << ColorMatrix{1} << 0.0f;
+        // Rounded on its own, the product (1 + 2^-12)^2 loses its last 2^-24; fused into the sum it keeps it.
+        QTest::newRow("concat: no fused multiply-add")
+            << concat(ColorMatrix{-1, 0x1.001p0f}, ColorMatrix{1, 0, 0, 0, 0x1.001p0f})
+            << ColorMatrix{0x1p-11f} << 0.0f;
     }
 
     void builder_givesTheStatedMatrix()

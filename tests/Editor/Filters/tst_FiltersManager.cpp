@@ -13,8 +13,8 @@ namespace {
 
 using Engine = FiltersManager::Engine;
 
-// An independent reading of the engine's contract, in double precision: the premultiplied bytes times the
-// matrix as a row vector, saturated to 0…255.
+// An independent reading of the engine's contract, exact in double precision: the premultiplied bytes times
+// the matrix as a row vector, saturated to 0…255, rounded half up.
 QImage scalarReference(const QImage& image, const ColorMatrix& m)
 {
     const QImage in = image.convertToFormat(QImage::Format_RGBA8888_Premultiplied);
@@ -25,25 +25,47 @@ QImage scalarReference(const QImage& image, const ColorMatrix& m)
             for (int j = 0; j < 4; ++j) {
                 double v = 0;
                 for (int k = 0; k < 4; ++k)
-                    v += p[k] / 255.0 * m[4 * k + j];
-                v = std::isnan(v) ? 0 : std::clamp(v, 0.0, 1.0);
-                out.scanLine(y)[4 * x + j] = uchar(std::lround(v * 255));
+                    v += p[k] * double(m[4 * k + j]);
+                out.scanLine(y)[4 * x + j] = uchar(std::floor(std::clamp(v, 0.0, 255.0) + 0.5));
             }
         }
     }
     return out;
 }
 
-// The largest difference in any channel, or -1 when the images differ in size or format.
-int largestDifference(const QImage& a, const QImage& b)
+// Whether two images agree within 1 in every channel, without a lean either way: float rounding may tip a
+// value that lies on or next to a half either way, but truncating instead of rounding leans by half a level.
+QByteArray disagreement(const QImage& a, const QImage& b)
 {
     if (a.size() != b.size() || a.format() != b.format())
-        return -1;
+        return "size or format differs";
     int largest = 0;
-    for (int y = 0; y < a.height(); ++y)
-        for (qsizetype i = 0; i < qsizetype(a.width()) * 4; ++i)
-            largest = std::max(largest, std::abs(a.constScanLine(y)[i] - b.constScanLine(y)[i]));
-    return largest;
+    qint64 differing = 0;
+    qint64 lean = 0;
+    for (int y = 0; y < a.height(); ++y) {
+        for (qsizetype i = 0; i < qsizetype(a.width()) * 4; ++i) {
+            const int difference = a.constScanLine(y)[i] - b.constScanLine(y)[i];
+            largest = std::max(largest, std::abs(difference));
+            differing += difference != 0;
+            lean += difference;
+        }
+    }
+    const qint64 channels = qint64(a.width()) * a.height() * 4;
+    if (largest <= 1 && std::abs(lean) * 50 <= channels)
+        return {};
+    return "differs by up to " + QByteArray::number(largest) + " in " + QByteArray::number(differing) +
+           " of " + QByteArray::number(channels) + " channels, leaning by " + QByteArray::number(lean);
+}
+
+// The formats whose fourth byte means nothing: the engine must take them as opaque whatever it holds.
+QImage withAlphaBytesZeroed(QImage image)
+{
+    const int alpha =
+        image.format() == QImage::Format_RGB32 && QSysInfo::ByteOrder == QSysInfo::BigEndian ? 0 : 3;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            image.scanLine(y)[4 * x + alpha] = 0;
+    return image;
 }
 
 // Premultiplied pixels of every kind: transparent, half and fully opaque, black and white, and random ones.
@@ -143,8 +165,8 @@ private slots:
         QTest::newRow("ARGB32 premultiplied")
             << craftedPixels(QSize(97, 61), QImage::Format_ARGB32_Premultiplied) << negative;
         QTest::newRow("RGB32, alpha byte ignored")
-            << craftedPixels(QSize(97, 61), QImage::Format_RGB32) << negative;
-        QTest::newRow("RGBX8888") << craftedPixels(QSize(97, 61), QImage::Format_RGBX8888) << alphaMixed;
+            << withAlphaBytesZeroed(craftedPixels(QSize(97, 61), QImage::Format_RGB32)) << negative;
+        QTest::newRow("1024×1025, split between threads") << crafted(1024, 1025) << negative;
         QTest::newRow("straight ARGB32") << craftedPixels(QSize(97, 61), QImage::Format_ARGB32) << all;
         QTest::newRow("grayscale") << craftedPixels(QSize(97, 61), QImage::Format_Grayscale8) << all;
         QTest::newRow("real photo") << photo() << all;
@@ -160,11 +182,11 @@ private slots:
         const std::optional<QImage> result = m_manager->applyColorMatrix(image, matrix);
         QVERIFY(result);
         QCOMPARE(result->format(), QImage::Format_RGBA8888_Premultiplied);
-        const int fromReference = largestDifference(*result, scalarReference(image, matrix));
-        QVERIFY2(fromReference >= 0 && fromReference <= 1, qPrintable(QString::number(fromReference)));
+        const QByteArray fromReference = disagreement(*result, scalarReference(image, matrix));
+        QVERIFY2(fromReference.isEmpty(), fromReference.constData());
         if (m_manager->engine() == Engine::Gpu) {
-            const int fromCpu = largestDifference(*result, applyColorMatrixOnCpu(image, matrix));
-            QVERIFY2(fromCpu >= 0 && fromCpu <= 1, qPrintable(QString::number(fromCpu)));
+            const QByteArray fromCpu = disagreement(*result, applyColorMatrixOnCpu(image, matrix));
+            QVERIFY2(fromCpu.isEmpty(), fromCpu.constData());
         }
     }
 
