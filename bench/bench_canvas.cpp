@@ -1,7 +1,8 @@
 // The draw tool's costs on a 12-megapixel photo: flattening 20 overlay items into it, and turning a finished
 // stroke into an item when the finger lifts. QUORVANE_BENCH_PHOTO names the photo (bench/run prepares it).
 #include "Editor/Canvas/CanvasViewModel.h"
-#include "Editor/Helpers/ImageLoader.h"
+
+#include "BenchPhoto.h"
 
 #include <QFile>
 #include <QGuiApplication>
@@ -10,22 +11,10 @@
 
 namespace {
 
-const QImage& photo()
-{
-    static const QImage image = [] {
-        const ImageLoadResult loaded =
-            loadImageFile(qEnvironmentVariable("QUORVANE_BENCH_PHOTO"), 100'000'000);
-        if (!loaded.image)
-            qFatal("cannot load the benchmark photo: %s", qPrintable(loaded.failure));
-        return *loaded.image;
-    }();
-    return image;
-}
-
 // A canvas laid out as on a phone, with \a count strokes spread over it, some turned and scaled.
 std::unique_ptr<CanvasViewModel> canvasWithStrokes(int count)
 {
-    auto canvas = std::make_unique<CanvasViewModel>(photo());
+    auto canvas = std::make_unique<CanvasViewModel>(benchPhoto());
     canvas->setupScreenSize(QSizeF(390, 600));
     const QSizeF frame = canvas->imageFrameSize();
     for (int i = 0; i < count; ++i) {
@@ -74,7 +63,7 @@ void writeOverlaysForPeers(const QString& folder)
 {
     auto canvas = canvasWithStrokes(20);
     const QSizeF frame = canvas->imageFrameSize();
-    const qreal toImage = photo().width() / frame.width();
+    const qreal toImage = benchPhoto().width() / frame.width();
     QFile places(folder + QStringLiteral("/overlays.txt"));
     if (!places.open(QIODevice::WriteOnly | QIODevice::Truncate))
         qFatal("cannot write %s", qPrintable(places.fileName()));

@@ -1,8 +1,9 @@
 // Cut, quarter turn and flip, and a free-angle turn, of a decoded 12-megapixel photo: the crop tool's own
 // work, without decoding or encoding. QUORVANE_BENCH_PHOTO names the photo (bench/run prepares it).
 #include "Editor/Cropper/ImageCropperImp.h"
-#include "Editor/Helpers/ImageLoader.h"
 #include "SharedQuorvaneSdkCommon.h"
+
+#include "BenchPhoto.h"
 
 #include <QTransform>
 #include <benchmark/benchmark.h>
@@ -15,24 +16,13 @@ public:
     void addLog(const SharedQuorvaneSdkLog&) override {}
 };
 
-const QImage& photo()
-{
-    static const QImage image = [] {
-        const ImageLoadResult loaded =
-            loadImageFile(qEnvironmentVariable("QUORVANE_BENCH_PHOTO"), 100'000'000);
-        if (!loaded.image)
-            qFatal("cannot load the benchmark photo: %s", qPrintable(loaded.failure));
-        return *loaded.image;
-    }();
-    return image;
-}
-
 // The cut keeps nearly the whole 4032 × 3024 photo, as a typical crop does.
 void cropTurnFlip(benchmark::State& state)
 {
     ImageCropperImp cropper;
     for (auto _ : state) {
-        const QImage result = cropper.crop({photo(), 100, 100, 3800, 2800, Angle::degrees(90), true, false});
+        const QImage result =
+            cropper.crop({benchPhoto(), 100, 100, 3800, 2800, Angle::degrees(90), true, false});
         benchmark::DoNotOptimize(result.constBits());
     }
 }
@@ -42,7 +32,8 @@ void cropFreeTurn(benchmark::State& state)
 {
     ImageCropperImp cropper;
     for (auto _ : state) {
-        const QImage result = cropper.crop({photo(), 100, 100, 3800, 2800, Angle::degrees(30), false, false});
+        const QImage result =
+            cropper.crop({benchPhoto(), 100, 100, 3800, 2800, Angle::degrees(30), false, false});
         benchmark::DoNotOptimize(result.constBits());
     }
 }
@@ -51,8 +42,10 @@ void cropFreeTurn(benchmark::State& state)
 void cropTurnFlipInSteps(benchmark::State& state)
 {
     for (auto _ : state) {
-        const QImage result =
-            photo().copy(100, 100, 3800, 2800).transformed(QTransform().rotate(90)).mirrored(false, true);
+        const QImage result = benchPhoto()
+                                  .copy(100, 100, 3800, 2800)
+                                  .transformed(QTransform().rotate(90))
+                                  .mirrored(false, true);
         benchmark::DoNotOptimize(result.constBits());
     }
 }

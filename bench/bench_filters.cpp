@@ -4,31 +4,20 @@
 #include "Editor/Filters/CpuColorEngine.h"
 #include "Editor/Filters/FiltersManager.h"
 #include "Editor/Filters/GpuColorEngine.h"
-#include "Editor/Helpers/ImageLoader.h"
+
+#include "BenchPhoto.h"
 
 #include <QGuiApplication>
 #include <benchmark/benchmark.h>
 
 namespace {
 
-const QImage& photo()
-{
-    static const QImage image = [] {
-        const ImageLoadResult loaded =
-            loadImageFile(qEnvironmentVariable("QUORVANE_BENCH_PHOTO"), 100'000'000);
-        if (!loaded.image)
-            qFatal("cannot load the benchmark photo: %s", qPrintable(loaded.failure));
-        return *loaded.image;
-    }();
-    return image;
-}
-
 const ColorMatrix matrix = testMatrix(0.5f, 0.5f, 0.5f, 0.5f, 0.5f);
 
 void cpuEngine(benchmark::State& state)
 {
     for (auto _ : state) {
-        const QImage result = applyColorMatrixOnCpu(photo(), matrix);
+        const QImage result = applyColorMatrixOnCpu(benchPhoto(), matrix);
         benchmark::DoNotOptimize(result.constBits());
     }
 }
@@ -53,19 +42,19 @@ GpuColorEngine* gpu()
 void gpuUpload(benchmark::State& state)
 {
     for (auto _ : state)
-        benchmark::DoNotOptimize(gpu()->loadTexture(photo()).get());
+        benchmark::DoNotOptimize(gpu()->loadTexture(benchPhoto()).get());
 }
 
 void gpuDispatch(benchmark::State& state)
 {
-    const auto input = gpu()->loadTexture(photo());
+    const auto input = gpu()->loadTexture(benchPhoto());
     for (auto _ : state)
         benchmark::DoNotOptimize(gpu()->applyColorMatrix(input, matrix).get());
 }
 
 void gpuReadBack(benchmark::State& state)
 {
-    const auto output = gpu()->applyColorMatrix(gpu()->loadTexture(photo()), matrix);
+    const auto output = gpu()->applyColorMatrix(gpu()->loadTexture(benchPhoto()), matrix);
     for (auto _ : state) {
         const auto image = gpu()->textureTo(output);
         benchmark::DoNotOptimize(image->constBits());
@@ -76,7 +65,7 @@ void gpuWhole(benchmark::State& state)
 {
     FiltersManager manager(FiltersManager::Engine::Gpu);
     for (auto _ : state) {
-        const auto image = manager.applyColorMatrix(photo(), matrix);
+        const auto image = manager.applyColorMatrix(benchPhoto(), matrix);
         benchmark::DoNotOptimize(image->constBits());
     }
 }

@@ -7,7 +7,6 @@
 
 #include <QFileInfo>
 #include <QRegularExpression>
-#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -83,7 +82,7 @@ std::optional<ColorMatrix> parseColor(const QString& text)
             return std::nullopt;
     }
     const ColorMatrix matrix = testMatrix(values[0], values[1], values[2], values[3], values[4]);
-    if (!std::all_of(matrix.begin(), matrix.end(), [](float v) { return std::isfinite(v); }))
+    if (!isFinite(matrix))
         return std::nullopt;
     return matrix;
 }

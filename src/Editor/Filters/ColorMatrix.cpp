@@ -98,6 +98,11 @@ ColorMatrix testMatrix(float intensity, float luminosity, float exposure, float 
     return concat(concat(concat(concat(w, s), l), e), t);
 }
 
+bool isFinite(const ColorMatrix& matrix)
+{
+    return std::all_of(matrix.begin(), matrix.end(), [](float v) { return std::isfinite(v); });
+}
+
 QList<qreal> ColorMatrices::warmMatrix(float intensity)
 {
     return toList(::warmMatrix(intensity));

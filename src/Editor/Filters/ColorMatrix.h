@@ -24,6 +24,9 @@ ColorMatrix exposureMatrix(float exposure);
 ColorMatrix tintMatrix(float intensity);
 /// The product matrix1 · matrix2.
 ColorMatrix concat(const ColorMatrix& matrix1, const ColorMatrix& matrix2);
+/// Whether every element is a finite number: a large exposure overflows to infinity, and infinity times the
+/// zeros of a product to NaN.
+bool isFinite(const ColorMatrix& matrix);
 /// warm · saturation · luminosity · exposure · tint. The parameters are deliberately in another order.
 ColorMatrix testMatrix(float intensity, float luminosity, float exposure, float saturation, float tint);
 

@@ -4,8 +4,6 @@
 #include "ImageHelpers.h"
 
 #include <QtGlobal>
-#include <algorithm>
-#include <cmath>
 
 namespace {
 
@@ -79,8 +77,7 @@ std::optional<QImage> FiltersManager::applyFilter(const QImage& image, FilterTyp
 std::optional<QImage> FiltersManager::applyColorMatrix(const QImage& image, const ColorMatrix& matrix)
 {
     // What an 8-bit texture makes of NaN differs between GPUs: no answer is better than an arbitrary one.
-    const bool finite = std::all_of(matrix.begin(), matrix.end(), [](float v) { return std::isfinite(v); });
-    if (image.isNull() || !finite)
+    if (image.isNull() || !isFinite(matrix))
         return std::nullopt;
     if (m_gpu && image.width() <= m_gpu->maxTextureSize() && image.height() <= m_gpu->maxTextureSize()) {
         const auto input = m_gpu->loadTexture(image);
@@ -112,8 +109,5 @@ QList<Filter> FiltersManager::loadFilters(const QImage& image) const
 
 QImage FiltersManager::imageWithColorAndSize(const QColor& color, QSizeF size)
 {
-    QImage swatch = ImageHelpers::transparentCanvas(size);
-    if (!swatch.isNull())
-        swatch.fill(color);
-    return swatch;
+    return ImageHelpers::filledCanvas(size, color);
 }

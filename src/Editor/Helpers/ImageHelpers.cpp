@@ -154,6 +154,11 @@ std::optional<QImage> resized(const QImage& image, QSizeF size)
 
 QImage transparentCanvas(QSizeF points)
 {
+    return filledCanvas(points, Qt::transparent);
+}
+
+QImage filledCanvas(QSizeF points, const QColor& color)
+{
     const qreal scale = screenScale();
     const auto pixels = pixelSizeFor(points, scale);
     if (!pixels)
@@ -162,7 +167,7 @@ QImage transparentCanvas(QSizeF points)
     if (canvas.isNull())
         return {};
     canvas.setDevicePixelRatio(scale);
-    canvas.fill(Qt::transparent);
+    canvas.fill(color);
     return canvas;
 }
 

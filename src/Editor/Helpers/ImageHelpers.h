@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QColor>
 #include <QImage>
 #include <QSizeF>
 #include <optional>
@@ -34,5 +35,8 @@ void keepMetadata(QImage& image, const QImage& source);
 
 /// A transparent, non-opaque image of \a points at the screen's scale; null for an empty or absurd size.
 QImage transparentCanvas(QSizeF points);
+
+/// transparentCanvas filled with \a color instead.
+QImage filledCanvas(QSizeF points, const QColor& color);
 
 } // namespace ImageHelpers
