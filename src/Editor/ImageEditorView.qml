@@ -18,7 +18,7 @@ Rectangle {
         objectName: "basePage"
 
         anchors.fill: parent
-        visible: root.viewModel.page === "base"
+        visible: root.viewModel.page === ImageEditorViewModel.Base
         // Springs back into place when a tool page closes, as tool pages spring open.
         scale: visible ? 1 : 0.95
 
@@ -132,13 +132,13 @@ Rectangle {
                     objectName: "cropTab"
                     title: qsTr("Crop")
                     icon: BrandImage.crop
-                    onClicked: root.viewModel.navigate("crop")
+                    onClicked: root.viewModel.navigate(ImageEditorViewModel.Crop)
                 }
                 EditorTab {
                     objectName: "drawTab"
                     title: qsTr("Draw")
                     icon: BrandImage.canvas
-                    onClicked: root.viewModel.navigate("canvas")
+                    onClicked: root.viewModel.navigate(ImageEditorViewModel.Canvas)
                 }
                 // Built and reachable, but not offered: they keep their place so the others do not move.
                 EditorTab {
@@ -147,7 +147,7 @@ Rectangle {
                     icon: BrandImage.filters
                     opacity: 0
                     enabled: false
-                    onClicked: root.viewModel.navigate("filters")
+                    onClicked: root.viewModel.navigate(ImageEditorViewModel.Filters)
                 }
                 EditorTab {
                     objectName: "adjustTab"
@@ -155,7 +155,7 @@ Rectangle {
                     icon: BrandImage.resize
                     opacity: 0
                     enabled: false
-                    onClicked: root.viewModel.navigate("adjust")
+                    onClicked: root.viewModel.navigate(ImageEditorViewModel.Adjust)
                 }
             }
         }
@@ -166,9 +166,16 @@ Rectangle {
         objectName: "toolPage"
 
         anchors.fill: parent
-        active: root.viewModel.page !== "base"
-        sourceComponent: root.viewModel.page === "crop" ? cropPage
-                       : root.viewModel.page === "canvas" ? canvasPage : placeholderPage
+        active: root.viewModel.page !== ImageEditorViewModel.Base
+        sourceComponent: {
+            switch (root.viewModel.page) {
+            case ImageEditorViewModel.Crop: return cropPage
+            case ImageEditorViewModel.Canvas: return canvasPage
+            case ImageEditorViewModel.Filters: return filtersPage
+            case ImageEditorViewModel.Adjust: return adjustPage
+            }
+            return null
+        }
         // Each page springs into place once, when it opens.
         onLoaded: pageSpring.restart()
     }
@@ -206,10 +213,20 @@ Rectangle {
     }
 
     Component {
-        id: placeholderPage
-        ToolPlaceholderView {
-            title: root.viewModel.page
-            onReturnAction: root.viewModel.leaveToolPage()
+        id: filtersPage
+        FiltersView {
+            viewModel: root.viewModel.filters
+            topInset: root.topInset
+            bottomInset: root.bottomInset
+        }
+    }
+
+    Component {
+        id: adjustPage
+        AdjustImageView {
+            viewModel: root.viewModel.adjustment
+            topInset: root.topInset
+            bottomInset: root.bottomInset
         }
     }
 }

@@ -27,25 +27,36 @@ ImageEditorViewModel::ImageEditorViewModel(QImage image, QObject* parent)
 void ImageEditorViewModel::navigate(Page page)
 {
     // Once the result is handed back no tool opens: the host is about to take the editor away.
-    if (page == m_page || (m_hasReturned && page != Page::base))
+    // Screens pass a number: one that names no page is ignored.
+    if (page == m_page || (m_hasReturned && page != Page::base) ||
+        !ImageEditorViewModel::page(rawValue(page)))
         return;
     // Each tool page's model lives while its page is shown. It may be the caller, handing back its result:
     // it is deleted once it has returned.
-    if (m_cropper)
-        m_cropper->deleteLater();
-    if (m_canvas)
-        m_canvas->deleteLater();
-    m_cropper = nullptr;
-    m_canvas = nullptr;
+    if (m_toolPage)
+        m_toolPage->deleteLater();
+    m_toolPage = nullptr;
     QPointer<ImageEditorViewModel> self(this);
     const auto returnAction = [self](std::optional<QImage> result) {
         if (self)
             self->addNewImageVerion(std::move(result));
     };
-    if (page == Page::canvas)
-        m_canvas = new CanvasViewModel(m_image, returnAction, this);
-    if (page == Page::crop)
-        m_cropper = new CropperViewModel(m_image, std::make_shared<ImageCropperImp>(), returnAction, this);
+    switch (page) {
+    case Page::base:
+        break;
+    case Page::crop:
+        m_toolPage = new CropperViewModel(m_image, std::make_shared<ImageCropperImp>(), returnAction, this);
+        break;
+    case Page::canvas:
+        m_toolPage = new CanvasViewModel(m_image, returnAction, this);
+        break;
+    case Page::filters:
+        m_toolPage = new FiltersViewModel(m_image, returnAction, this);
+        break;
+    case Page::adjust:
+        m_toolPage = new AdjustImageViewModel(m_image, returnAction, this);
+        break;
+    }
     m_page = page;
     emit pageChanged();
 }

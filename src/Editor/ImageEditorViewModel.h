@@ -1,7 +1,9 @@
 #pragma once
 
+#include "Adjustment/AdjustImageViewModel.h"
 #include "Canvas/CanvasViewModel.h"
 #include "Cropper/CropperViewModel.h"
+#include "Filters/FiltersViewModel.h"
 
 #include <QImage>
 #include <QList>
@@ -23,17 +25,31 @@ class ImageEditorViewModel : public QObject
         int previousImageVersionCount READ previousImageVersionCount NOTIFY previousImageVersionsChanged)
     Q_PROPERTY(
         bool hasPreviousImageVersions READ hasPreviousImageVersions NOTIFY previousImageVersionsChanged)
+    Q_PROPERTY(Page page READ page NOTIFY pageChanged)
     /// The page's raw value: "base", "crop", "canvas", "filters" or "adjust".
-    Q_PROPERTY(QString page READ pageName NOTIFY pageChanged)
-    /// The crop page's model while the crop page is shown, else null.
+    Q_PROPERTY(QString pageName READ pageName NOTIFY pageChanged)
+    /// Each tool page's model while that page is shown, else null.
     Q_PROPERTY(CropperViewModel* cropper READ cropper NOTIFY pageChanged)
-    /// The canvas page's model while the canvas page is shown, else null.
     Q_PROPERTY(CanvasViewModel* canvas READ canvas NOTIFY pageChanged)
+    Q_PROPERTY(FiltersViewModel* filters READ filters NOTIFY pageChanged)
+    Q_PROPERTY(AdjustImageViewModel* adjustment READ adjustment NOTIFY pageChanged)
     /// The editor has handed back its result; from then on it takes no more edits.
     Q_PROPERTY(bool hasReturned READ hasReturned NOTIFY hasReturnedChanged)
 
 public:
-    enum class Page { base, crop, canvas, filters, adjust };
+    enum class Page {
+        base,
+        crop,
+        canvas,
+        filters,
+        adjust,
+        // QML reads only enum keys that start with a capital letter: the same pages, for screens.
+        Base = base,
+        Crop = crop,
+        Canvas = canvas,
+        Filters = filters,
+        Adjust = adjust
+    };
     Q_ENUM(Page)
 
     static QString rawValue(Page page);
@@ -48,19 +64,20 @@ public:
     bool hasPreviousImageVersions() const { return !m_previousImageVersions.isEmpty(); }
     Page page() const { return m_page; }
     QString pageName() const { return rawValue(m_page); }
-    CropperViewModel* cropper() const { return m_cropper; }
-    CanvasViewModel* canvas() const { return m_canvas; }
+    ToolPageViewModel* toolPage() const { return m_toolPage; }
+    CropperViewModel* cropper() const { return qobject_cast<CropperViewModel*>(m_toolPage); }
+    CanvasViewModel* canvas() const { return qobject_cast<CanvasViewModel*>(m_toolPage); }
+    FiltersViewModel* filters() const { return qobject_cast<FiltersViewModel*>(m_toolPage); }
+    AdjustImageViewModel* adjustment() const { return qobject_cast<AdjustImageViewModel*>(m_toolPage); }
     bool hasReturned() const { return m_hasReturned; }
 
-    void navigate(Page page);
-    /// navigate() for screens, by raw value; other texts are ignored.
-    Q_INVOKABLE void navigate(const QString& rawValue);
+    Q_INVOKABLE void navigate(Page page);
+    /// navigate() by raw value; other texts are ignored.
+    void navigate(const QString& rawValue);
 
     /// The one entry through which a tool page hands back its result: back to the base page, and an image,
     /// if any, becomes the current version.
     void addNewImageVerion(std::optional<QImage> image);
-    /// Leaves the tool page shown without a change.
-    Q_INVOKABLE void leaveToolPage() { addNewImageVerion(std::nullopt); }
     /// Undo: the previous version becomes current again. Nothing without one, or once the editor has
     /// returned.
     Q_INVOKABLE void restoreLastImageVersion();
@@ -85,7 +102,6 @@ private:
     QImage m_image;
     QList<QImage> m_previousImageVersions;
     Page m_page = Page::base;
-    QPointer<CropperViewModel> m_cropper;
-    QPointer<CanvasViewModel> m_canvas;
+    QPointer<ToolPageViewModel> m_toolPage;
     bool m_hasReturned = false;
 };

@@ -142,7 +142,7 @@ private slots:
         const QQuickItem* frame = screen.find("cropFrame");
         const QQuickItem* border = screen.find("cropBorder");
         QVERIFY(!screen.isShown("cropUndoButton"));
-        QCOMPARE(screen.find("cropButton")->property("isDisabled").toBool(), true);
+        QCOMPARE(screen.find("acceptButton")->property("isDisabled").toBool(), true);
         // Marks at the corners and the middle of each edge show where the frame can be taken.
         for (const char* mark : {"cropCorner0", "cropCorner1", "cropCorner2", "cropCorner3",
                                  "cropEdgeHandle0", "cropEdgeHandle1", "cropEdgeHandle2", "cropEdgeHandle3"})
@@ -160,9 +160,9 @@ private slots:
                  qPrintable(QStringLiteral("%1×%2").arg(shown.width()).arg(shown.height())));
         screen.tap("rotateRightButton");
         screen.tap("flipHorizontallyButton");
-        QCOMPARE(screen.find("cropButton")->property("isDisabled").toBool(), false);
+        QCOMPARE(screen.find("acceptButton")->property("isDisabled").toBool(), false);
 
-        screen.tap("cropButton");
+        screen.tap("acceptButton");
         QTRY_COMPARE(screen.editor()->pageName(), QStringLiteral("base"));
         QVERIFY(screen.isShown("undoButton"));
         QVERIFY(screen.isShown("continueButton"));
@@ -205,7 +205,7 @@ private slots:
         const QQuickItem* frame = screen.find("cropFrame");
         screen.touchDrag(frame, QPointF(frame->width() - 4, frame->height() - 4),
                          QPointF(frame->width() * 0.7, frame->height() * 0.75));
-        screen.tap("cropButton");
+        screen.tap("acceptButton");
         QTRY_COMPARE(editor->pageName(), QStringLiteral("base"));
         QCOMPARE(editor->previousImageVersionCount(), 2);
         const QImage cropped = editor->image();
@@ -236,7 +236,7 @@ private slots:
         EditorScreen screen(preset());
         openCrop(screen);
         screen.tap("rotateRightButton");
-        screen.tap("cropButton");
+        screen.tap("acceptButton");
         QTRY_VERIFY(screen.isShown("continueButton"));
 
         screen.tap("closeButton");
@@ -306,7 +306,7 @@ private slots:
         else
             screen.touchDrag(frame, QPointF(shown.width() / 2 + 6, 2),
                              QPointF(shown.width() / 2 + 6, shown.height() / 4));
-        screen.tap("cropButton");
+        screen.tap("acceptButton");
         QTRY_COMPARE(screen.editor()->pageName(), QStringLiteral("base"));
         const QSize cut = screen.editor()->image().size();
         const bool wide = pictureSize.width() >= pictureSize.height();
@@ -317,7 +317,7 @@ private slots:
 
         openDraw(screen);
         QTRY_VERIFY(seen(screen, "canvasFrame"));
-        screen.tap("canvasCancelButton");
+        screen.tap("cancelButton");
         QTRY_COMPARE(screen.editor()->pageName(), QStringLiteral("base"));
         QTRY_VERIFY(seen(screen, "currentImage"));
     }

@@ -12,18 +12,6 @@ Rectangle {
 
     color: "black"
 
-    Shortcut {
-        sequences: [StandardKey.Undo]
-        enabled: !root.viewModel.isEnteringText
-        onActivated: root.viewModel.undoLastAction()
-    }
-    Shortcut {
-        sequence: "Escape"
-        autoRepeat: false
-        enabled: !root.viewModel.isEnteringText
-        onActivated: root.viewModel.cancel()
-    }
-
     // While text is entered, the canvas underneath takes no touches.
     Item {
         anchors.fill: parent
@@ -60,14 +48,14 @@ Rectangle {
                 CircularButton {
                     objectName: "drawButton"
                     icon: BrandImage.draw
-                    tint: root.viewModel.selectedOption === "drawing" ? BrandColor.ambar : BrandColor.gray
+                    tint: root.viewModel.selectedOption === CanvasViewModel.Drawing ? BrandColor.ambar : BrandColor.gray
                     accessibleName: qsTr("Draw")
                     onClicked: root.viewModel.enableDraw()
                 }
                 CircularButton {
                     objectName: "textButton"
                     icon: BrandImage.text
-                    tint: root.viewModel.selectedOption === "text" ? BrandColor.ambar : BrandColor.gray
+                    tint: root.viewModel.selectedOption === CanvasViewModel.Text ? BrandColor.ambar : BrandColor.gray
                     accessibleName: qsTr("Text")
                     onClicked: root.viewModel.enableText()
                 }
@@ -77,7 +65,7 @@ Rectangle {
                     opacity: root.viewModel.hasPreviousStates ? 1 : 0
                     enabled: root.viewModel.hasPreviousStates
                     icon: BrandImage.move
-                    tint: root.viewModel.selectedOption === "transform" ? BrandColor.ambar : BrandColor.gray
+                    tint: root.viewModel.selectedOption === CanvasViewModel.Transform ? BrandColor.ambar : BrandColor.gray
                     accessibleName: qsTr("Move")
                     onClicked: root.viewModel.enableMove()
                 }
@@ -117,12 +105,12 @@ Rectangle {
                 }
                 // One tap for the whole canvas: the model picks the uppermost item drawn where the finger is.
                 TapHandler {
-                    enabled: root.viewModel.selectedOption === "transform"
+                    enabled: root.viewModel.selectedOption === CanvasViewModel.Transform
                     onTapped: (point) => root.viewModel.handleTapOnScreen(point.position)
                 }
                 DrawingView {
                     anchors.fill: parent
-                    visible: root.viewModel.selectedOption === "drawing"
+                    visible: root.viewModel.selectedOption === CanvasViewModel.Drawing
                     viewModel: root.viewModel
                 }
             }
@@ -142,7 +130,7 @@ Rectangle {
                 anchors.right: parent.right
                 anchors.bottom: parent.bottom
                 spacing: 8
-                visible: root.viewModel.selectedOption === "drawing"
+                visible: root.viewModel.selectedOption === CanvasViewModel.Drawing
 
                 ChooseLineWidthView {
                     width: parent.width
@@ -159,29 +147,19 @@ Rectangle {
             }
             TransformView {
                 anchors.fill: parent
-                visible: root.viewModel.selectedOption === "transform" && root.viewModel.hasSelection
+                visible: root.viewModel.selectedOption === CanvasViewModel.Transform && root.viewModel.hasSelection
                 viewModel: root.viewModel
             }
         }
 
-        Row {
+        ToolPageBar {
             id: bottomOptions
             anchors.horizontalCenter: parent.horizontalCenter
             anchors.bottom: parent.bottom
             anchors.bottomMargin: root.bottomInset + 16
-            spacing: 16
-
-            OutlineButton {
-                objectName: "canvasCancelButton"
-                title: qsTr("CANCEL")
-                onClicked: root.viewModel.cancel()
-            }
-            FilledButton {
-                objectName: "acceptButton"
-                title: qsTr("ACCEPT")
-                isDisabled: !root.viewModel.hasPreviousStates
-                onClicked: root.viewModel.accept()
-            }
+            viewModel: root.viewModel
+            acceptEnabled: root.viewModel.hasPreviousStates
+            keysEnabled: !root.viewModel.isEnteringText
         }
     }
 

@@ -1,11 +1,11 @@
 #include "CanvasViewModel.h"
 
 #include "Editor/Common/BrandColor.h"
+#include "Editor/Helpers/AspectFit.h"
 #include "Editor/Helpers/Finite.h"
 #include "Editor/Helpers/ImageHelpers.h"
 
 #include <QColorSpace>
-#include <QMetaEnum>
 #include <QPainter>
 #include <QPainterPath>
 #include <cmath>
@@ -25,11 +25,6 @@ QImage inColourSpace(const QImage& overlay, const QColorSpace& space)
         converted.setColorSpace(QColorSpace::SRgb);
     converted.convertToColorSpace(space);
     return converted;
-}
-
-qreal aspectRatio(QSizeF size)
-{
-    return size.width() / size.height();
 }
 
 // The frame as the page lays it out: the left and top edges belong to it, the right and bottom ones do not.
@@ -65,19 +60,13 @@ void sayUnsupportedAlignment()
 
 CanvasViewModel::CanvasViewModel(QImage image, std::function<void(std::optional<QImage>)> returnAction,
                                  QObject* parent)
-    : QObject(parent)
+    : ToolPageViewModel(std::move(returnAction), parent)
     , m_image(std::move(image))
-    , m_returnAction(std::move(returnAction))
 {}
 
 CanvasViewModel::~CanvasViewModel()
 {
     qDeleteAll(m_lineImageViewModels);
-}
-
-QString CanvasViewModel::selectedOption() const
-{
-    return QString::fromLatin1(QMetaEnum::fromType<Option>().valueToKey(int(m_selectedOption)));
 }
 
 void CanvasViewModel::setChoosingLineWidth(bool choosing)
@@ -97,12 +86,7 @@ void CanvasViewModel::setupScreenSize(QSizeF size)
     if (m_setupScreenSizeCounter == std::numeric_limits<int>::max())
         qFatal("CanvasViewModel: the screen size counter overflowed");
     ++m_setupScreenSizeCounter;
-    const qreal screen = aspectRatio(size);
-    const qreal picture = aspectRatio(m_image.deviceIndependentSize());
-    // A sliver of a picture (4000 × 1) still gets a point across, or nobody could see it.
-    m_imageFrameSize = (screen <= picture ? QSizeF(size.width(), size.width() / picture)
-                                          : QSizeF(size.height() * picture, size.height()))
-                           .expandedTo(QSizeF(std::min(1.0, size.width()), std::min(1.0, size.height())));
+    m_imageFrameSize = aspectFit(m_image.deviceIndependentSize(), size);
     emit imageFrameSizeChanged();
     m_isCropperSetup = true;
     emit isCropperSetupChanged();
@@ -446,42 +430,6 @@ void CanvasViewModel::align(Alignment alignment)
         return;
     }
     m_selectedLineImage->setOffset(offset);
-}
-
-void CanvasViewModel::alignTo(const QString& alignment)
-{
-    bool ok = false;
-    const int value =
-        QMetaEnum::fromType<CanvasAlignment::Alignment>().keyToValue(alignment.toLatin1().constData(), &ok);
-    // An unknown name never becomes an enum value; it is refused as align() refuses one, and like align()
-    // only when there is an item to place.
-    if (!ok) {
-        if (m_selectedLineImage)
-            sayUnsupportedAlignment();
-        return;
-    }
-    align(Alignment(value));
-}
-
-void CanvasViewModel::cancel()
-{
-    leave(std::nullopt);
-}
-
-void CanvasViewModel::accept()
-{
-    if (m_previousStates.isEmpty())
-        return;
-    leave(mergeDrawings());
-}
-
-void CanvasViewModel::leave(std::optional<QImage> image)
-{
-    if (m_hasReturned)
-        return;
-    m_hasReturned = true;
-    if (m_returnAction)
-        m_returnAction(std::move(image));
 }
 
 void CanvasViewModel::recordState()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Editor/ToolPageViewModel.h"
 #include "LineImage/LineImage.h"
 #include "LineImage/LineImageViewModel.h"
 #include "TextImage/TextImageViewModel.h"
@@ -26,15 +27,14 @@ struct Line
 /// The canvas page's state: overlay items over the image, the stroke being drawn, the drawing settings,
 /// the selected item, the active tool, and the undo history of item lists. A number that is not finite (a
 /// size, point, width, turn or scale) is ignored: no change, no signal, no undo step.
-class CanvasViewModel : public QObject, public TransformDelegate
+class CanvasViewModel : public ToolPageViewModel, public TransformDelegate
 {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("The editor creates the canvas page's model.")
     Q_PROPERTY(QImage image READ image CONSTANT)
     Q_PROPERTY(QSizeF imageFrameSize READ imageFrameSize NOTIFY imageFrameSizeChanged)
-    /// "drawing", "text" or "transform".
-    Q_PROPERTY(QString selectedOption READ selectedOption NOTIFY selectedOptionChanged)
+    Q_PROPERTY(Option selectedOption READ selectedOption NOTIFY selectedOptionChanged)
     Q_PROPERTY(bool isChoosingLineWidth READ isChoosingLineWidth WRITE setChoosingLineWidth NOTIFY
                    isChoosingLineWidthChanged)
     Q_PROPERTY(bool isEnteringText READ isEnteringText NOTIFY isEnteringTextChanged)
@@ -51,7 +51,15 @@ class CanvasViewModel : public QObject, public TransformDelegate
     Q_PROPERTY(QList<QColor> colorItems READ colorItems CONSTANT)
 
 public:
-    enum class Option { drawing, text, transform };
+    enum class Option {
+        drawing,
+        text,
+        transform,
+        // For QML, which reads only capitalised enum keys.
+        Drawing = drawing,
+        Text = text,
+        Transform = transform
+    };
     Q_ENUM(Option)
 
     /// One undo step: the frame size and the item list as they stood before a change.
@@ -67,8 +75,7 @@ public:
 
     QImage image() const { return m_image; }
     QSizeF imageFrameSize() const { return m_imageFrameSize; }
-    Option option() const { return m_selectedOption; }
-    QString selectedOption() const;
+    Option selectedOption() const { return m_selectedOption; }
     bool isChoosingLineWidth() const { return m_isChoosingLineWidth; }
     void setChoosingLineWidth(bool choosing);
     bool isEnteringText() const { return m_isEnteringText; }
@@ -98,7 +105,8 @@ public:
     QPointF getTopMostLeftPoint(const QList<QPointF>& points) const;
     QPointF getBottomMostRightPoint(const QList<QPointF>& points, QSizeF availableSize) const;
     Q_INVOKABLE void deleteLine(const QString& id);
-    Q_INVOKABLE void undoLastAction();
+    /// The canvas keeps its own history of item lists instead of tracked actions.
+    Q_INVOKABLE void undoLastAction() override;
     Q_INVOKABLE void enableDraw();
     Q_INVOKABLE void enableText();
     Q_INVOKABLE void enableMove();
@@ -141,13 +149,7 @@ public:
     Q_INVOKABLE void scaleUp() { increaseScale(); }
     Q_INVOKABLE void scaleDown() { decreaseScale(); }
     Q_INVOKABLE void scaleTo(qreal factor) { scale(factor); }
-    /// align() by name ("topLeading", "center", ...); any other name is an unsupported alignment.
-    Q_INVOKABLE void alignTo(const QString& alignment);
-
-    /// "CANCEL": leaves with nothing.
-    Q_INVOKABLE void cancel();
-    /// "ACCEPT": leaves with the flattened image (none without items). Only after a change.
-    Q_INVOKABLE void accept();
+    Q_INVOKABLE void alignTo(CanvasAlignment::Alignment alignment) { align(alignment); }
 
 signals:
     void imageFrameSizeChanged();
@@ -162,6 +164,11 @@ signals:
     void selectedLineImageChanged();
     void isCropperSetupChanged();
 
+protected:
+    /// "ACCEPT" leaves with the flattened image (none without items), and only after a change.
+    bool canAccept() const override { return hasPreviousStates(); }
+    std::optional<QImage> result() override { return mergeDrawings(); }
+
 private:
     void recordState();
     void setLineImages(QList<LineImagePtr> images);
@@ -169,11 +176,8 @@ private:
     void setEnteringText(bool entering);
     void setTransformEnabledOnAll(bool enabled);
     void setSelectedLineImage(LineImagePtr item);
-    void leave(std::optional<QImage> image);
 
     const QImage m_image;
-    std::function<void(std::optional<QImage>)> m_returnAction;
-    bool m_hasReturned = false;
     QSizeF m_imageFrameSize;
     Option m_selectedOption = Option::drawing;
     bool m_isChoosingLineWidth = false;

@@ -19,7 +19,17 @@ enum Alignment {
     trailing,
     bottomLeading,
     bottom,
-    bottomTrailing
+    bottomTrailing,
+    // QML reads only enum keys that start with a capital letter: the same values, for screens.
+    TopLeading = topLeading,
+    Top = top,
+    TopTrailing = topTrailing,
+    Leading = leading,
+    Center = center,
+    Trailing = trailing,
+    BottomLeading = bottomLeading,
+    Bottom = bottom,
+    BottomTrailing = bottomTrailing
 };
 Q_ENUM_NS(Alignment)
 } // namespace CanvasAlignment

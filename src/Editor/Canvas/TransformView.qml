@@ -5,9 +5,11 @@ import Quorvane.SdkImage
 Item {
     id: root
 
+    enum Group { None, Rotation, Scale, Alignment }
+
     required property CanvasViewModel viewModel
-    /// The group shown: "none", "rotation", "scale" or "alignment".
-    property string selectedOption: "none"
+    /// The group of buttons shown.
+    property int selectedOption: TransformView.None
 
     // One row at a time, wrapped to the screen's width; what does not fit scrolls up and down.
     Flickable {
@@ -25,18 +27,18 @@ Item {
             Flow {
                 width: rows.width - 24
                 spacing: 8
-                visible: root.selectedOption === "none"
-                GrayButton { title: qsTr("Rotation"); icon: BrandImage.rotate; onClicked: root.selectedOption = "rotation" }
-                GrayButton { title: qsTr("Scale"); icon: BrandImage.resize; onClicked: root.selectedOption = "scale" }
-                GrayButton { title: qsTr("Alignment"); icon: BrandImage.alignCenter; onClicked: root.selectedOption = "alignment" }
+                visible: root.selectedOption === TransformView.None
+                GrayButton { title: qsTr("Rotation"); icon: BrandImage.rotate; onClicked: root.selectedOption = TransformView.Rotation }
+                GrayButton { title: qsTr("Scale"); icon: BrandImage.resize; onClicked: root.selectedOption = TransformView.Scale }
+                GrayButton { title: qsTr("Alignment"); icon: BrandImage.alignCenter; onClicked: root.selectedOption = TransformView.Alignment }
                 GrayButton { title: qsTr("Delete"); icon: BrandImage.trash; onClicked: root.viewModel.deleteSelection() }
                 GrayButton { title: qsTr("Done"); onClicked: root.viewModel.closeSelection() }
             }
             Flow {
                 width: rows.width - 24
                 spacing: 8
-                visible: root.selectedOption === "rotation"
-                GrayButton { objectName: "rotationBack"; title: qsTr("Back"); icon: BrandImage.back; onClicked: root.selectedOption = "none" }
+                visible: root.selectedOption === TransformView.Rotation
+                GrayButton { objectName: "rotationBack"; title: qsTr("Back"); icon: BrandImage.back; onClicked: root.selectedOption = TransformView.None }
                 GrayButton { title: qsTr("To left"); icon: BrandImage.rotate; onClicked: root.viewModel.rotateBy(-90) }
                 GrayButton { title: qsTr("To right"); icon: BrandImage.rotate; iconMirrored: true; onClicked: root.viewModel.rotateBy(90) }
                 GrayButton { title: qsTr("90°"); onClicked: root.viewModel.rotateTo(90) }
@@ -46,8 +48,8 @@ Item {
             Flow {
                 width: rows.width - 24
                 spacing: 8
-                visible: root.selectedOption === "scale"
-                GrayButton { objectName: "scaleBack"; title: qsTr("Back"); icon: BrandImage.back; onClicked: root.selectedOption = "none" }
+                visible: root.selectedOption === TransformView.Scale
+                GrayButton { objectName: "scaleBack"; title: qsTr("Back"); icon: BrandImage.back; onClicked: root.selectedOption = TransformView.None }
                 GrayButton { title: qsTr("Scale down"); icon: BrandImage.scaleDown; onClicked: root.viewModel.scaleDown() }
                 GrayButton { title: qsTr("Scale up"); icon: BrandImage.scaleUp; onClicked: root.viewModel.scaleUp() }
                 GrayButton { title: qsTr("0.25x"); onClicked: root.viewModel.scaleTo(0.25) }
@@ -60,9 +62,9 @@ Item {
             // The nine places laid out as they lie in the frame, three rows beside the way back.
             Row {
                 spacing: 8
-                visible: root.selectedOption === "alignment"
+                visible: root.selectedOption === TransformView.Alignment
 
-                GrayButton { objectName: "alignmentBack"; title: qsTr("Back"); icon: BrandImage.back; showsTitle: false; onClicked: root.selectedOption = "none" }
+                GrayButton { objectName: "alignmentBack"; title: qsTr("Back"); icon: BrandImage.back; showsTitle: false; onClicked: root.selectedOption = TransformView.None }
                 Grid {
                     id: alignments
                     // Each label gets a third of what is left beside the way back.
@@ -70,15 +72,15 @@ Item {
 
                     columns: 3
                     spacing: 8
-                    GrayButton { title: qsTr("Top leading"); labelWidth: alignments.labelWidth; onClicked: root.viewModel.alignTo("topLeading") }
-                    GrayButton { title: qsTr("Top"); labelWidth: alignments.labelWidth; onClicked: root.viewModel.alignTo("top") }
-                    GrayButton { title: qsTr("Top trailing"); labelWidth: alignments.labelWidth; onClicked: root.viewModel.alignTo("topTrailing") }
-                    GrayButton { title: qsTr("Leading"); labelWidth: alignments.labelWidth; onClicked: root.viewModel.alignTo("leading") }
-                    GrayButton { title: qsTr("Center"); labelWidth: alignments.labelWidth; onClicked: root.viewModel.alignTo("center") }
-                    GrayButton { title: qsTr("Trailing"); labelWidth: alignments.labelWidth; onClicked: root.viewModel.alignTo("trailing") }
-                    GrayButton { title: qsTr("Bottom leading"); labelWidth: alignments.labelWidth; onClicked: root.viewModel.alignTo("bottomLeading") }
-                    GrayButton { title: qsTr("Bottom"); labelWidth: alignments.labelWidth; onClicked: root.viewModel.alignTo("bottom") }
-                    GrayButton { title: qsTr("Bottom trailing"); labelWidth: alignments.labelWidth; onClicked: root.viewModel.alignTo("bottomTrailing") }
+                    GrayButton { title: qsTr("Top leading"); labelWidth: alignments.labelWidth; onClicked: root.viewModel.alignTo(CanvasAlignment.TopLeading) }
+                    GrayButton { title: qsTr("Top"); labelWidth: alignments.labelWidth; onClicked: root.viewModel.alignTo(CanvasAlignment.Top) }
+                    GrayButton { title: qsTr("Top trailing"); labelWidth: alignments.labelWidth; onClicked: root.viewModel.alignTo(CanvasAlignment.TopTrailing) }
+                    GrayButton { title: qsTr("Leading"); labelWidth: alignments.labelWidth; onClicked: root.viewModel.alignTo(CanvasAlignment.Leading) }
+                    GrayButton { title: qsTr("Center"); labelWidth: alignments.labelWidth; onClicked: root.viewModel.alignTo(CanvasAlignment.Center) }
+                    GrayButton { title: qsTr("Trailing"); labelWidth: alignments.labelWidth; onClicked: root.viewModel.alignTo(CanvasAlignment.Trailing) }
+                    GrayButton { title: qsTr("Bottom leading"); labelWidth: alignments.labelWidth; onClicked: root.viewModel.alignTo(CanvasAlignment.BottomLeading) }
+                    GrayButton { title: qsTr("Bottom"); labelWidth: alignments.labelWidth; onClicked: root.viewModel.alignTo(CanvasAlignment.Bottom) }
+                    GrayButton { title: qsTr("Bottom trailing"); labelWidth: alignments.labelWidth; onClicked: root.viewModel.alignTo(CanvasAlignment.BottomTrailing) }
                 }
             }
         }

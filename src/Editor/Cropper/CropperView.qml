@@ -12,16 +12,6 @@ Rectangle {
 
     color: "black"
 
-    Shortcut {
-        sequences: [StandardKey.Undo]
-        onActivated: root.viewModel.undoLastAction()
-    }
-    Shortcut {
-        sequence: "Escape"
-        autoRepeat: false
-        onActivated: root.viewModel.cancel()
-    }
-
     Item {
         id: topOptions
         anchors.left: parent.left
@@ -218,23 +208,13 @@ Rectangle {
         }
     }
 
-    Row {
+    ToolPageBar {
         id: bottomOptions
         anchors.horizontalCenter: parent.horizontalCenter
         anchors.bottom: parent.bottom
         anchors.bottomMargin: root.bottomInset + 16
-        spacing: 16
-
-        OutlineButton {
-            objectName: "cancelButton"
-            title: qsTr("CANCEL")
-            onClicked: root.viewModel.cancel()
-        }
-        FilledButton {
-            objectName: "cropButton"
-            title: qsTr("CROP")
-            isDisabled: !root.viewModel.hasTrackedActions
-            onClicked: root.viewModel.crop()
-        }
+        viewModel: root.viewModel
+        acceptTitle: qsTr("CROP")
+        acceptEnabled: root.viewModel.hasTrackedActions
     }
 }

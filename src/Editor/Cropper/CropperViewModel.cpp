@@ -1,8 +1,10 @@
 #include "CropperViewModel.h"
 
 #include "Editor/Common/BrandColor.h"
+#include "Editor/Helpers/AspectFit.h"
 #include "Editor/Helpers/Finite.h"
 #include "Editor/Helpers/Notify.h"
+#include "Editor/Helpers/Truncate.h"
 #include "Error/QuorvaneSdkImageError.h"
 
 #include <QPointer>
@@ -10,27 +12,18 @@
 
 namespace {
 
-qreal aspectRatio(QSizeF size)
-{
-    return size.width() / size.height();
-}
-
 qint64 truncatedPoints(double value)
 {
-    constexpr double kLimit = 9223372036854775808.0;
-    if (!std::isfinite(value) || value <= -kLimit || value >= kLimit)
-        qFatal("CropperViewModel: crop extent %f is not a finite 64-bit number of points", value);
-    return qint64(value);
+    return truncatedToInt64(value, "CropperViewModel: crop extent");
 }
 
 } // namespace
 
 CropperViewModel::CropperViewModel(QImage image, std::shared_ptr<ImageCropper> cropper,
                                    std::function<void(std::optional<QImage>)> returnAction, QObject* parent)
-    : QObject(parent)
+    : ToolPageViewModel(std::move(returnAction), parent)
     , m_currentImage(std::move(image))
     , m_cropper(std::move(cropper))
-    , m_returnAction(std::move(returnAction))
     , m_flipHorizontallyButtonColor(BrandColor::gray())
     , m_flipVericallyButtonColor(BrandColor::gray())
 {}
@@ -45,18 +38,10 @@ void CropperViewModel::setupCropperLayout(QSizeF availableSize)
 {
     if (!isFinite(availableSize))
         return;
-    const qreal s = aspectRatio(availableSize);
-    const qreal r = aspectRatio(m_currentImage.deviceIndependentSize());
-    const qreal q = 1.0 / r;
-    // A sliver of a picture (4000 × 1) still gets a point across, or nobody could see or take hold of it.
-    const QSizeF onePoint(std::min(1.0, availableSize.width()), std::min(1.0, availableSize.height()));
-    m_portraitSize = (r < s ? QSizeF(availableSize.height() * r, availableSize.height())
-                            : QSizeF(availableSize.width(), availableSize.width() / r))
-                         .expandedTo(onePoint);
+    const QSizeF picture = m_currentImage.deviceIndependentSize();
+    m_portraitSize = aspectFit(picture, availableSize);
     // The frame of the image turned a quarter, stated in the image's own axes.
-    m_landscapeSize = (q < s ? QSizeF(availableSize.height(), availableSize.height() * q)
-                             : QSizeF(availableSize.width() / q, availableSize.width()))
-                          .expandedTo(onePoint.transposed());
+    m_landscapeSize = aspectFit(picture.transposed(), availableSize).transposed();
     m_availableScreenSize = availableSize;
     // A layout while turned a quarter keeps the turned frame; the bands follow the new frame.
     setImageFrameSize(m_rotationAngle.isPortrait() ? m_portraitSize : m_landscapeSize);
@@ -252,39 +237,6 @@ void CropperViewModel::flipVertically(bool trackAction)
         track([](CropperViewModel& model) { model.flipVertically(false); });
 }
 
-void CropperViewModel::undoLastAction()
-{
-    if (m_trackedActions.isEmpty())
-        return;
-    const TrackedAction last = m_trackedActions.takeLast();
-    last.undo();
-    emit trackedActionsChanged();
-}
-
-void CropperViewModel::cancel()
-{
-    if (m_isCroppingInProgress)
-        return;
-    leave(std::nullopt);
-}
-
-void CropperViewModel::crop()
-{
-    if (m_trackedActions.isEmpty() || m_isCroppingInProgress)
-        return;
-    leave(cropImage());
-}
-
-void CropperViewModel::leave(std::optional<QImage> image)
-{
-    // A page hands back its result once; a second tap while the editor switches pages is ignored.
-    if (m_hasReturned)
-        return;
-    m_hasReturned = true;
-    if (m_returnAction)
-        m_returnAction(std::move(image));
-}
-
 void CropperViewModel::saveCurrentImageVersionIfNeeded()
 {
     if (m_isMovingCropper)
@@ -402,11 +354,5 @@ void CropperViewModel::setCropBorderColor(const QColor& color)
 
 void CropperViewModel::track(std::function<void(CropperViewModel&)> undo)
 {
-    // The model may be gone when an undo runs; then the undo does nothing.
-    QPointer<CropperViewModel> self(this);
-    m_trackedActions.append(TrackedAction{[self, undo = std::move(undo)] {
-        if (self)
-            undo(*self);
-    }});
-    emit trackedActionsChanged();
+    ToolPageViewModel::track([this, undo = std::move(undo)] { undo(*this); });
 }

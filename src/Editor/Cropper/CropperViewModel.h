@@ -1,8 +1,8 @@
 #pragma once
 
 #include "Editor/Helpers/Angle.h"
+#include "Editor/ToolPageViewModel.h"
 #include "ImageCropper.h"
-#include "TrackedAction.h"
 
 #include <QColor>
 #include <QImage>
@@ -18,7 +18,7 @@
 /// The crop screen's state: the displayed frame, the crop rectangle (four fractions of the frame), the turn
 /// and flips, and the undo list. Lengths are in points of the screen. A size or location that is not finite
 /// is ignored.
-class CropperViewModel : public QObject
+class CropperViewModel : public ToolPageViewModel
 {
     Q_OBJECT
     QML_ELEMENT
@@ -31,8 +31,6 @@ class CropperViewModel : public QObject
     Q_PROPERTY(qreal trailingCropWidth READ trailingCropWidth NOTIFY trailingCropWidthChanged)
     Q_PROPERTY(QColor cropBorderColor READ cropBorderColor NOTIFY cropBorderColorChanged)
     Q_PROPERTY(bool isCropperSetup READ isCropperSetup NOTIFY isCropperSetupChanged)
-    Q_PROPERTY(int trackedActionCount READ trackedActionCount NOTIFY trackedActionsChanged)
-    Q_PROPERTY(bool hasTrackedActions READ hasTrackedActions NOTIFY trackedActionsChanged)
     /// Degrees, accumulated without normalising (−90, −180, ... after repeated left turns).
     Q_PROPERTY(qreal rotationAngle READ rotationDegrees NOTIFY rotationAngleChanged)
     Q_PROPERTY(bool flipHorizontally READ flipHorizontally NOTIFY flipHorizontallyChanged)
@@ -77,9 +75,6 @@ public:
     qreal trailingCropWidth() const { return m_trailingCropWidth; }
     QColor cropBorderColor() const { return m_cropBorderColor; }
     bool isCropperSetup() const { return m_isCropperSetup; }
-    const QList<TrackedAction>& trackedActions() const { return m_trackedActions; }
-    int trackedActionCount() const { return int(m_trackedActions.size()); }
-    bool hasTrackedActions() const { return !m_trackedActions.isEmpty(); }
     Angle rotationAngle() const { return m_rotationAngle; }
     qreal rotationDegrees() const { return m_rotationAngle.degrees(); }
     bool flipHorizontally() const { return m_flipHorizontally; }
@@ -116,7 +111,6 @@ public:
     void flipHorizontally(bool trackAction);
     /// Mirrors top to bottom as seen on screen.
     void flipVertically(bool trackAction);
-    Q_INVOKABLE void undoLastAction();
 
     /// The screen's buttons: tracked edits.
     Q_INVOKABLE void rotateLeftTracked() { rotateLeft(true); }
@@ -124,10 +118,9 @@ public:
     Q_INVOKABLE void toggleFlipHorizontally() { flipHorizontally(true); }
     Q_INVOKABLE void toggleFlipVertically() { flipVertically(true); }
 
-    /// "CANCEL": leaves with nothing, unless a crop is in progress.
-    Q_INVOKABLE void cancel();
-    /// "CROP": leaves with the cropped image (nothing if cropping fails). Only after an edit.
-    Q_INVOKABLE void crop();
+    /// "CROP": accept(), which leaves with the cropped image (nothing if cropping fails). Only after an edit;
+    /// neither it nor "CANCEL" leaves while a crop is in progress.
+    Q_INVOKABLE void crop() { accept(); }
 
 signals:
     void imageFrameSizeChanged();
@@ -137,13 +130,17 @@ signals:
     void trailingCropWidthChanged();
     void cropBorderColorChanged();
     void isCropperSetupChanged();
-    void trackedActionsChanged();
     void rotationAngleChanged();
     void flipHorizontallyChanged();
     void flipVerticallyChanged();
     void flipHorizontallyButtonColorChanged();
     void flipVericallyButtonColorChanged();
     void isCroppingInProgressChanged();
+
+protected:
+    bool canLeave() const override { return !m_isCroppingInProgress; }
+    bool canAccept() const override { return hasTrackedActions(); }
+    std::optional<QImage> result() override { return cropImage(); }
 
 private:
     bool isValidLocation(QPointF location) const;
@@ -169,12 +166,8 @@ private:
     void setCropBorderColor(const QColor& color);
     void track(std::function<void(CropperViewModel&)> undo);
 
-    void leave(std::optional<QImage> image);
-
     QImage m_currentImage;
     std::shared_ptr<ImageCropper> m_cropper;
-    std::function<void(std::optional<QImage>)> m_returnAction;
-    bool m_hasReturned = false;
     QSizeF m_imageFrameSize;
     qreal m_topCropHeight = 0;
     qreal m_bottomCropHeight = 0;
@@ -191,7 +184,6 @@ private:
     QSizeF m_landscapeSize;
     bool m_isCropperSetup = false;
     bool m_isMovingCropper = false;
-    QList<TrackedAction> m_trackedActions;
     Angle m_rotationAngle;
     bool m_flipHorizontally = false;
     bool m_flipVertically = false;

@@ -1,6 +1,7 @@
 #include "ImageCropperImp.h"
 
 #include "Editor/Helpers/ImageGeometry.h"
+#include "Editor/Helpers/Truncate.h"
 #include "Error/QuorvaneSdkImageError.h"
 #include "Logger/ImageLogger.h"
 
@@ -14,15 +15,6 @@ const QString kTag = QStringLiteral("ImageCropperImp");
 void log(const char* message, SharedQuorvaneSdkLogSeverity severity = SharedQuorvaneSdkLogSeverity::info)
 {
     ImageLogger::shared().log(kTag, QString::fromLatin1(message), severity);
-}
-
-qint64 truncatedPoints(double value, const char* what)
-{
-    // 2^63 as a double; anything at or beyond it does not fit a signed 64-bit integer.
-    constexpr double kLimit = 9223372036854775808.0;
-    if (!std::isfinite(value) || value <= -kLimit || value >= kLimit)
-        qFatal("ImageCropperImp: image %s %f is not a finite 64-bit size", what, value);
-    return qint64(value);
 }
 
 qint64 checkedSum(qint64 a, qint64 b)
@@ -53,8 +45,8 @@ QImage ImageCropperImp::crop(const QuorvaneSdkImageCropInput& input)
 void ImageCropperImp::validateCropRange(const QuorvaneSdkImageCropInput& input)
 {
     const QSizeF size = input.image.deviceIndependentSize();
-    const qint64 width = truncatedPoints(size.width(), "width");
-    const qint64 height = truncatedPoints(size.height(), "height");
+    const qint64 width = truncatedToInt64(size.width(), "ImageCropperImp: image width");
+    const qint64 height = truncatedToInt64(size.height(), "ImageCropperImp: image height");
     // Zero or negative extents pass here on purpose; the cut refuses them.
     const bool valid = input.startXPoint >= 0 && input.startYPoint >= 0 &&
                        checkedSum(input.startXPoint, input.width) <= width &&

@@ -99,12 +99,24 @@ GpuColorEngine::Dispatch FiltersManager::lastDispatch() const
 
 QList<Filter> FiltersManager::loadFilters(const QImage& image) const
 {
+    return loadFilters(image, image.deviceIndependentSize());
+}
+
+QList<Filter> FiltersManager::loadFilters(const QImage& image, QSizeF swatchSize) const
+{
     QList<Filter> filters{{image, 0, QStringLiteral("Original")}};
-    const QSizeF size = image.deviceIndependentSize();
     qint64 index = 1;
     for (const CatalogueEntry& entry : catalogue)
-        filters.append({imageWithColorAndSize(entry.color, size), index++, QString::fromLatin1(entry.name)});
+        filters.append(
+            {imageWithColorAndSize(entry.color, swatchSize), index++, QString::fromLatin1(entry.name)});
     return filters;
+}
+
+std::optional<QColor> FiltersManager::swatchColor(qint64 index)
+{
+    if (index < 1 || index > qint64(std::size(catalogue)))
+        return std::nullopt;
+    return catalogue[index - 1].color;
 }
 
 QImage FiltersManager::imageWithColorAndSize(const QColor& color, QSizeF size)

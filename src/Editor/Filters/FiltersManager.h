@@ -48,6 +48,10 @@ public:
 
     /// The original, then nine solid swatches of the image's size in points, as the catalogue's entries.
     QList<Filter> loadFilters(const QImage& image) const;
+    /// The same catalogue with swatches of  swatchSize points: thumbnails that stand for full-size ones.
+    QList<Filter> loadFilters(const QImage& image, QSizeF swatchSize) const;
+    /// The colour of the catalogue's swatch at  index; none for the original and past the end.
+    static std::optional<QColor> swatchColor(qint64 index);
     /// A solid image of \a color and \a size points at the screen's scale; a null image when it cannot be
     /// made.
     static QImage imageWithColorAndSize(const QColor& color, QSizeF size);

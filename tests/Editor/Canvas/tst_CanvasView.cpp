@@ -298,7 +298,7 @@ private slots:
         CanvasViewModel* canvas = screen.editor()->canvas();
         QTRY_VERIFY(canvas->isCropperSetup());
         screen.drag(screen.find("drawingSurface"), QPointF(40, 40), QPointF(120, 100));
-        screen.tap("canvasCancelButton");
+        screen.tap("cancelButton");
         QTRY_COMPARE(screen.editor()->pageName(), QStringLiteral("base"));
         QVERIFY(!screen.editor()->hasPreviousImageVersions());
     }

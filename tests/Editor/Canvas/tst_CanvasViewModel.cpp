@@ -1,11 +1,10 @@
 #include "Editor/Canvas/CanvasViewModel.h"
 #include "NonFinite.h"
+#include "StdoutCapture.h"
 
 #include <QColorSpace>
-#include <QTemporaryFile>
 #include <QTest>
 #include <cstdio>
-#include <unistd.h>
 
 namespace {
 
@@ -44,23 +43,6 @@ QRect redArea(const QImage& image)
         }
     }
     return area;
-}
-
-// What \a action writes to standard output.
-QByteArray stdoutOf(const std::function<void()>& action)
-{
-    QTemporaryFile file;
-    if (!file.open())
-        return {};
-    std::fflush(stdout);
-    const int saved = dup(fileno(stdout));
-    dup2(file.handle(), fileno(stdout));
-    action();
-    std::fflush(stdout);
-    dup2(saved, fileno(stdout));
-    ::close(saved);
-    file.seek(0);
-    return file.readAll();
 }
 
 } // namespace
@@ -239,21 +221,18 @@ private slots:
     void tools_switchTheOptionTextEntryAndItemTransforms_data()
     {
         QTest::addColumn<QString>("tool");
-        QTest::addColumn<QString>("option");
+        QTest::addColumn<CanvasViewModel::Option>("option");
         QTest::addColumn<bool>("enteringText");
         QTest::addColumn<bool>("transformEnabled");
-        QTest::newRow("draw") << "draw"
-                              << "drawing" << false << false;
-        QTest::newRow("text") << "text"
-                              << "text" << true << false;
-        QTest::newRow("move") << "move"
-                              << "transform" << false << true;
+        QTest::newRow("draw") << "draw" << CanvasViewModel::Option::drawing << false << false;
+        QTest::newRow("text") << "text" << CanvasViewModel::Option::text << true << false;
+        QTest::newRow("move") << "move" << CanvasViewModel::Option::transform << false << true;
     }
 
     void tools_switchTheOptionTextEntryAndItemTransforms()
     {
         QFETCH(QString, tool);
-        QFETCH(QString, option);
+        QFETCH(CanvasViewModel::Option, option);
         QFETCH(bool, enteringText);
         QFETCH(bool, transformEnabled);
         auto model = canvas();
@@ -425,7 +404,7 @@ private slots:
         stroke(*model, {{10, 10}, {50, 50}});
         model->rotateTo(90);
         model->scaleUp();
-        model->alignTo(QStringLiteral("center"));
+        model->alignTo(CanvasAlignment::center);
         model->deleteSelection();
         model->closeSelection();
         const LineImagePtr item = model->lineImages().first();
@@ -436,23 +415,23 @@ private slots:
 
     void align_placesTheUnscaledImageInTheFrame_data()
     {
-        QTest::addColumn<QString>("alignment");
+        QTest::addColumn<Alignment>("alignment");
         QTest::addColumn<QSizeF>("offset");
         // Frame 400 × 300, image 100 × 40.
-        QTest::newRow("topLeading") << "topLeading" << QSizeF(0, 0);
-        QTest::newRow("top") << "top" << QSizeF(150, 0);
-        QTest::newRow("topTrailing") << "topTrailing" << QSizeF(300, 0);
-        QTest::newRow("leading") << "leading" << QSizeF(0, 130);
-        QTest::newRow("center") << "center" << QSizeF(150, 130);
-        QTest::newRow("trailing") << "trailing" << QSizeF(300, 130);
-        QTest::newRow("bottomLeading") << "bottomLeading" << QSizeF(0, 260);
-        QTest::newRow("bottom") << "bottom" << QSizeF(150, 260);
-        QTest::newRow("bottomTrailing") << "bottomTrailing" << QSizeF(300, 260);
+        QTest::newRow("topLeading") << CanvasAlignment::topLeading << QSizeF(0, 0);
+        QTest::newRow("top") << CanvasAlignment::top << QSizeF(150, 0);
+        QTest::newRow("topTrailing") << CanvasAlignment::topTrailing << QSizeF(300, 0);
+        QTest::newRow("leading") << CanvasAlignment::leading << QSizeF(0, 130);
+        QTest::newRow("center") << CanvasAlignment::center << QSizeF(150, 130);
+        QTest::newRow("trailing") << CanvasAlignment::trailing << QSizeF(300, 130);
+        QTest::newRow("bottomLeading") << CanvasAlignment::bottomLeading << QSizeF(0, 260);
+        QTest::newRow("bottom") << CanvasAlignment::bottom << QSizeF(150, 260);
+        QTest::newRow("bottomTrailing") << CanvasAlignment::bottomTrailing << QSizeF(300, 260);
     }
 
     void align_placesTheUnscaledImageInTheFrame()
     {
-        QFETCH(QString, alignment);
+        QFETCH(Alignment, alignment);
         QFETCH(QSizeF, offset);
         auto model = canvas();
         model->addText(solid(QSize(100, 40), Qt::red));
@@ -469,7 +448,7 @@ private slots:
         model->addText(solid(QSize(100, 40), Qt::red));
         const LineImagePtr item = model->lineImages().first();
         model->handleTap(item);
-        const QByteArray printed = stdoutOf([&] { model->alignTo(QStringLiteral("firstTextBaseline")); });
+        const QByteArray printed = stdoutOf([&] { model->alignTo(Alignment(42)); });
         QCOMPARE(printed, QByteArray("No supported alignment\n"));
         QCOMPARE(item->offset(), QSizeF(150, 130));
     }

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "Filter.h"
+
+/// Told of every entry a filter carousel selects.
+class FiltersDelegate
+{
+public:
+    virtual ~FiltersDelegate() = default;
+    virtual void applyFilter(const Filter& filter) = 0;
+};

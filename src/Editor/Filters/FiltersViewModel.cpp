@@ -1,0 +1,50 @@
+#include "FiltersViewModel.h"
+
+#include "Editor/Helpers/AspectFit.h"
+
+FiltersViewModel::FiltersViewModel(QImage image, ReturnAction returnAction, QObject* parent)
+    : ColorPageViewModel(std::move(image), std::move(returnAction), parent)
+{
+    loadFilters();
+    m_selectFilterViewModel = new SelectFilterViewModel(m_availableFilters, this, this);
+    m_chooseIntensityViewModel = new ChooseIntensityViewModel(this, this);
+}
+
+QColor FiltersViewModel::selectedSwatchColor() const
+{
+    const auto& filter = selectedFilter();
+    return filter ? FiltersManager::swatchColor(filter->index).value_or(Qt::transparent) : Qt::transparent;
+}
+
+void FiltersViewModel::loadFilters()
+{
+    const QSizeF thumbnail =
+        aspectFit(image().deviceIndependentSize(), {filterImageSize(), filterImageSize()});
+    m_availableFilters = filtersManager().loadFilters(image(), thumbnail);
+}
+
+void FiltersViewModel::applyFilter(const Filter& filter)
+{
+    const std::optional<Filter> previous = selectedFilter();
+    track([this, previous] { setSelectedFilter(previous); });
+    setSelectedFilter(filter);
+}
+
+void FiltersViewModel::applyIntensity(qreal value)
+{
+    const qreal previous = selectedIntensity();
+    track([this, previous] { setSelectedIntensity(previous); });
+    setSelectedIntensity(value);
+}
+
+std::optional<QImage> FiltersViewModel::applyFilters() const
+{
+    const auto& filter = selectedFilter();
+    if (!filter)
+        return std::nullopt;
+    const std::optional<QColor> color = FiltersManager::swatchColor(filter->index);
+    if (!color)
+        return filter->image;
+    QImage field = FiltersManager::imageWithColorAndSize(*color, image().deviceIndependentSize());
+    return field.isNull() ? std::nullopt : std::optional<QImage>(std::move(field));
+}

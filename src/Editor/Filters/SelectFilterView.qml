@@ -1,0 +1,98 @@
+import QtQuick
+import Quorvane.SdkImage
+
+// A carousel of catalogue entries: the strip follows the finger, snaps to an entry when it lifts, and marks
+// and names the entry selected.
+Item {
+    id: root
+
+    required property SelectFilterViewModel viewModel
+    // Photos and swatches sit on a checkerboard where transparent; symbols do not.
+    property bool showsTransparency: true
+    property real dragTranslation: 0
+
+    implicitHeight: root.viewModel.filterImageSize + 36
+    clip: true
+    onWidthChanged: root.viewModel.setupElementsSize(width)
+    Accessible.role: Accessible.List
+    Accessible.name: qsTr("Choices")
+
+    Row {
+        id: strip
+        objectName: "carouselStrip"
+
+        y: 6
+        x: root.viewModel.offset + root.dragTranslation
+        spacing: root.viewModel.spacing
+
+        // Snaps into place when the finger lifts; follows the finger exactly while it is down.
+        Behavior on x {
+            enabled: !drag.active
+            NumberAnimation {
+                duration: 160
+                easing.type: Easing.OutCubic
+            }
+        }
+
+        Repeater {
+            model: root.viewModel.entries
+
+            Item {
+                id: entry
+
+                required property var modelData
+                readonly property bool isSelected: entry.modelData.index === root.viewModel.selectedIndex
+
+                width: root.viewModel.filterImageSize
+                height: root.viewModel.filterImageSize
+                Accessible.role: Accessible.ListItem
+                Accessible.name: entry.modelData.name
+                Accessible.selected: entry.isSelected
+
+                ImagePreview {
+                    anchors.fill: parent
+                    showsTransparency: root.showsTransparency
+                    image: entry.modelData.image
+                }
+                Rectangle {
+                    anchors.fill: parent
+                    anchors.margins: -4
+                    radius: 6
+                    color: "transparent"
+                    border.color: BrandColor.ambar
+                    border.width: 2
+                    visible: entry.isSelected
+                }
+            }
+        }
+    }
+
+    Text {
+        objectName: "selectedEntryName"
+        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.bottom: parent.bottom
+        text: root.viewModel.selectedName
+        color: "white"
+        font.pixelSize: 13
+    }
+
+    // Only once the carousel knows its width: a drag before that has no bounds to keep to.
+    DragHandler {
+        id: drag
+        target: null
+        enabled: root.width > 0
+        yAxis.enabled: false
+        onTranslationChanged: {
+            if (!active)
+                return
+            root.dragTranslation = translation.x
+            root.viewModel.handleDragOnChange(translation.x)
+        }
+        onActiveChanged: {
+            if (active)
+                return
+            root.viewModel.handleDragOnEnded(root.dragTranslation)
+            root.dragTranslation = 0
+        }
+    }
+}

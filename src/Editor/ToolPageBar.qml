@@ -1,0 +1,38 @@
+import QtQuick
+import Quorvane.SdkImage
+
+// What every tool page ends with: "CANCEL" and the page's accept button, with Escape and Undo keys.
+Row {
+    id: root
+
+    required property ToolPageViewModel viewModel
+    property string acceptTitle: qsTr("ACCEPT")
+    property bool acceptEnabled: true
+    // Off while the page shows a screen of its own that takes the keys (text entry).
+    property bool keysEnabled: true
+
+    spacing: 16
+
+    Shortcut {
+        sequences: [StandardKey.Undo]
+        enabled: root.keysEnabled
+        onActivated: root.viewModel.undoLastAction()
+    }
+    Shortcut {
+        sequence: "Escape"
+        autoRepeat: false
+        enabled: root.keysEnabled
+        onActivated: root.viewModel.cancel()
+    }
+    OutlineButton {
+        objectName: "cancelButton"
+        title: qsTr("CANCEL")
+        onClicked: root.viewModel.cancel()
+    }
+    FilledButton {
+        objectName: "acceptButton"
+        title: root.acceptTitle
+        isDisabled: !root.acceptEnabled
+        onClicked: root.viewModel.accept()
+    }
+}

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "Cropper/TrackedAction.h"
+
+#include <QImage>
+#include <QList>
+#include <QObject>
+#include <QtQml/qqmlregistration.h>
+#include <functional>
+#include <optional>
+
+/// What every tool page shares: it hands its result back once, through the callback it was made with (an
+/// image to accept, none to leave without change), and it keeps an undo list of tracked actions, oldest
+/// first.
+class ToolPageViewModel : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("The editor creates tool pages.")
+    Q_PROPERTY(int trackedActionCount READ trackedActionCount NOTIFY trackedActionsChanged)
+    Q_PROPERTY(bool hasTrackedActions READ hasTrackedActions NOTIFY trackedActionsChanged)
+
+public:
+    using ReturnAction = std::function<void(std::optional<QImage>)>;
+
+    const QList<TrackedAction>& trackedActions() const { return m_trackedActions; }
+    int trackedActionCount() const { return int(m_trackedActions.size()); }
+    bool hasTrackedActions() const { return !m_trackedActions.isEmpty(); }
+    bool hasReturned() const { return m_hasReturned; }
+
+    /// Runs the last tracked action's undo and removes it; nothing without one.
+    Q_INVOKABLE virtual void undoLastAction();
+    /// "CANCEL": leaves with nothing, when the page may be left.
+    Q_INVOKABLE void cancel();
+    /// "ACCEPT": leaves with the page's result, when the page allows it.
+    Q_INVOKABLE void accept();
+
+signals:
+    void trackedActionsChanged();
+
+protected:
+    explicit ToolPageViewModel(ReturnAction returnAction, QObject* parent = nullptr);
+
+    /// Not while an edit is under way.
+    virtual bool canLeave() const { return true; }
+    virtual bool canAccept() const { return true; }
+    /// What accept() hands back; none leaves the editor's image as it is.
+    virtual std::optional<QImage> result() { return std::nullopt; }
+
+    /// Records an edit; \a undo reverses it, and runs only while the page exists.
+    void track(std::function<void()> undo);
+    /// Hands \a image back. A page is left once: a second tap while the editor switches pages is ignored.
+    void leave(std::optional<QImage> image);
+
+private:
+    ReturnAction m_returnAction;
+    QList<TrackedAction> m_trackedActions;
+    bool m_hasReturned = false;
+};
