@@ -1,8 +1,10 @@
 // The colour engine on a 12-megapixel photo: the CPU engine, and the GPU path split into its three steps
 // (upload, dispatch, read-back) on whichever backend QSG_RHI_BACKEND names. Run under a display for the GPU;
 // without one only the CPU figures come out. QUORVANE_BENCH_PHOTO names the photo (bench/run prepares it).
+#include "Editor/Adjustment/AdjustImageViewModel.h"
 #include "Editor/Filters/CpuColorEngine.h"
 #include "Editor/Filters/FiltersManager.h"
+#include "Editor/Filters/FiltersViewModel.h"
 #include "Editor/Filters/GpuColorEngine.h"
 
 #include "BenchPhoto.h"
@@ -28,6 +30,35 @@ void managerConstruction(benchmark::State& state)
     for (auto _ : state) {
         FiltersManager manager;
         benchmark::DoNotOptimize(manager.engine());
+    }
+}
+
+// Opening the filters page: the catalogue with its thumbnails, the carousel and the ruler.
+void filtersPageOpen(benchmark::State& state)
+{
+    for (auto _ : state) {
+        FiltersViewModel page(benchPhoto());
+        benchmark::DoNotOptimize(page.availableFilters().size());
+    }
+}
+
+// ACCEPT on a swatch: the one full-size field the page makes.
+void filtersPageAccept(benchmark::State& state)
+{
+    FiltersViewModel page(benchPhoto());
+    page.applyFilter(page.availableFilters()[1]);
+    for (auto _ : state) {
+        const auto image = page.applyFilters();
+        benchmark::DoNotOptimize(image->constBits());
+    }
+}
+
+// Opening the adjustments page: ten symbols drawn from their SVGs.
+void adjustPageOpen(benchmark::State& state)
+{
+    for (auto _ : state) {
+        AdjustImageViewModel page(benchPhoto());
+        benchmark::DoNotOptimize(page.availableFilters().size());
     }
 }
 
@@ -78,6 +109,15 @@ int main(int argc, char** argv)
     gpuEngine = GpuColorEngine::create();
     benchmark::RegisterBenchmark("cpuEngine", cpuEngine)->Unit(benchmark::kMillisecond)->MinTime(2.0);
     benchmark::RegisterBenchmark("managerConstruction", managerConstruction)
+        ->Unit(benchmark::kMillisecond)
+        ->MinTime(1.0);
+    benchmark::RegisterBenchmark("filtersPageOpen", filtersPageOpen)
+        ->Unit(benchmark::kMillisecond)
+        ->MinTime(1.0);
+    benchmark::RegisterBenchmark("filtersPageAccept", filtersPageAccept)
+        ->Unit(benchmark::kMillisecond)
+        ->MinTime(1.0);
+    benchmark::RegisterBenchmark("adjustPageOpen", adjustPageOpen)
         ->Unit(benchmark::kMillisecond)
         ->MinTime(1.0);
     if (gpu()) {
