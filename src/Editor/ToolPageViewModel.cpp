@@ -24,6 +24,7 @@ void ToolPageViewModel::cancel()
 
 void ToolPageViewModel::accept()
 {
+    // Checked before result(): a crop or a flattening is not worth making for a second tap.
     if (canLeave() && canAccept() && !m_hasReturned)
         leave(result());
 }

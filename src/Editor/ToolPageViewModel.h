@@ -28,7 +28,8 @@ public:
     bool hasTrackedActions() const { return !m_trackedActions.isEmpty(); }
     bool hasReturned() const { return m_hasReturned; }
 
-    /// Runs the last tracked action's undo and removes it; nothing without one.
+    /// Runs the last tracked action's undo and removes it; nothing without one. A page with a history of its
+    /// own (the canvas) overrides it and records no tracked actions.
     Q_INVOKABLE virtual void undoLastAction();
     /// "CANCEL": leaves with nothing, when the page may be left.
     Q_INVOKABLE void cancel();

@@ -77,8 +77,11 @@ QImage AdjustImageViewModel::symbolImage(const QString& name, qreal points)
 {
     QSvgRenderer renderer(
         QStringLiteral(":/qt/qml/Quorvane/SdkImage/Editor/Adjustment/Symbols/%1.svg").arg(name));
-    if (!renderer.isValid())
+    if (!renderer.isValid()) {
+        qCritical("AdjustImageViewModel: the symbol \"%s\" is not in the component's resources",
+                  qPrintable(name));
         qFatal("Unexpectedly found nil while unwrapping an Optional value");
+    }
     QImage symbol = ImageHelpers::transparentCanvas(QSizeF(points, points));
     QPainter painter(&symbol);
     painter.setRenderHint(QPainter::Antialiasing);

@@ -207,14 +207,14 @@ void CropperViewModel::rotateLeft(bool trackAction)
 {
     turnTo(m_rotationAngle + Angle::degrees(-90));
     if (trackAction)
-        track([](CropperViewModel& model) { model.rotateRight(false); });
+        trackEdit([](CropperViewModel& model) { model.rotateRight(false); });
 }
 
 void CropperViewModel::rotateRight(bool trackAction)
 {
     turnTo(m_rotationAngle + Angle::degrees(90));
     if (trackAction)
-        track([](CropperViewModel& model) { model.rotateLeft(false); });
+        trackEdit([](CropperViewModel& model) { model.rotateLeft(false); });
 }
 
 void CropperViewModel::flipHorizontally(bool trackAction)
@@ -224,7 +224,7 @@ void CropperViewModel::flipHorizontally(bool trackAction)
     else
         setFlips(m_flipHorizontally, !m_flipVertically);
     if (trackAction)
-        track([](CropperViewModel& model) { model.flipHorizontally(false); });
+        trackEdit([](CropperViewModel& model) { model.flipHorizontally(false); });
 }
 
 void CropperViewModel::flipVertically(bool trackAction)
@@ -234,7 +234,7 @@ void CropperViewModel::flipVertically(bool trackAction)
     else
         setFlips(!m_flipHorizontally, m_flipVertically);
     if (trackAction)
-        track([](CropperViewModel& model) { model.flipVertically(false); });
+        trackEdit([](CropperViewModel& model) { model.flipVertically(false); });
 }
 
 void CropperViewModel::saveCurrentImageVersionIfNeeded()
@@ -252,7 +252,7 @@ void CropperViewModel::saveCurrentImageVersionIfNeeded()
     const bool vertically = m_flipVertically;
     // Undo writes back the frame as the drag found it, even after a new layout; the angle assigned after it
     // leaves that frame alone.
-    track([=](CropperViewModel& model) {
+    trackEdit([=](CropperViewModel& model) {
         model.setTopCropFactor(top);
         model.setBottomCropFactor(bottom);
         model.setLeadingCropFactor(leading);
@@ -352,7 +352,7 @@ void CropperViewModel::setCropBorderColor(const QColor& color)
     assignAndNotify(this, m_cropBorderColor, color, &CropperViewModel::cropBorderColorChanged);
 }
 
-void CropperViewModel::track(std::function<void(CropperViewModel&)> undo)
+void CropperViewModel::trackEdit(std::function<void(CropperViewModel&)> undo)
 {
     ToolPageViewModel::track([this, undo = std::move(undo)] { undo(*this); });
 }

@@ -164,7 +164,7 @@ private:
     void setRotationAngle(Angle angle);
     void setFlips(bool horizontally, bool vertically);
     void setCropBorderColor(const QColor& color);
-    void track(std::function<void(CropperViewModel&)> undo);
+    void trackEdit(std::function<void(CropperViewModel&)> undo);
 
     QImage m_currentImage;
     std::shared_ptr<ImageCropper> m_cropper;

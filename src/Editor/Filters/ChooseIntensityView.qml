@@ -8,7 +8,6 @@ Item {
     required property ChooseIntensityViewModel viewModel
     // The ends of the ruler fade into the page.
     property bool fadesEnds: false
-    property real dragTranslation: 0
 
     implicitHeight: valueLabel.height + 8 + root.viewModel.segmentSize.height + 8
     clip: true
@@ -34,7 +33,7 @@ Item {
 
         anchors.top: valueLabel.bottom
         anchors.topMargin: 8
-        x: root.viewModel.offset + root.dragTranslation
+        x: root.viewModel.offset + drag.translationX
         spacing: root.viewModel.segmentSpacing
 
         Repeater {
@@ -75,22 +74,10 @@ Item {
     }
 
     // Only once the ruler knows its width: before that a drag of nothing would give no number.
-    DragHandler {
+    SidewaysDragHandler {
         id: drag
-        target: null
         enabled: root.width > 0
-        yAxis.enabled: false
-        onTranslationChanged: {
-            if (!active)
-                return
-            root.dragTranslation = translation.x
-            root.viewModel.handleDragOnChange(translation.x)
-        }
-        onActiveChanged: {
-            if (active)
-                return
-            root.viewModel.handleDragOnEnded(root.dragTranslation)
-            root.dragTranslation = 0
-        }
+        onDragChanged: (translation) => root.viewModel.handleDragOnChange(translation)
+        onDragEnded: (translation) => root.viewModel.handleDragOnEnded(translation)
     }
 }

@@ -49,6 +49,8 @@ void ChooseIntensityViewModel::setupElementsSize(qreal width)
 
 void ChooseIntensityViewModel::handleDragOnChange(qreal translation)
 {
+    if (!std::isfinite(translation))
+        return;
     setDragging(true);
     qreal intensity = 0;
     // Beyond either end the value is exactly 0 or 100. In between it is relative to where the drag began;
@@ -69,6 +71,8 @@ void ChooseIntensityViewModel::handleDragOnEnded(qreal translation)
 {
     m_previousIntensity = m_selectedIntensity;
     setDragging(false);
+    if (!std::isfinite(translation))
+        return;
     // No snapping to ticks: the ruler stays where the finger left it.
     if (m_offset + translation > m_maxOffset)
         setOffset(m_maxOffset);
@@ -76,6 +80,15 @@ void ChooseIntensityViewModel::handleDragOnEnded(qreal translation)
         setOffset(m_minOffset);
     else
         setOffset(m_offset + translation);
+}
+
+void ChooseIntensityViewModel::restore(qreal intensity)
+{
+    m_previousIntensity = intensity;
+    assignAndNotify(this, m_selectedIntensity, intensity,
+                    &ChooseIntensityViewModel::selectedIntensityChanged);
+    if (!m_isFirstTimeAppearing && std::isfinite(intensity))
+        setOffset(m_maxOffset - intensity / 100 * m_totalDraggingSize);
 }
 
 void ChooseIntensityViewModel::setOffset(qreal offset)

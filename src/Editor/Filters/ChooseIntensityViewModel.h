@@ -49,10 +49,14 @@ public:
 
     /// The ruler's width is known: the bounds of its offset, and on the first call its travel and start.
     Q_INVOKABLE void setupElementsSize(qreal width);
-    /// A change of a running drag, \a translation points sideways; left raises the intensity.
+    /// A change of a running drag, \a translation points sideways; left raises the intensity. A translation
+    /// that is not finite is ignored.
     Q_INVOKABLE void handleDragOnChange(qreal translation);
     /// The end of a drag of \a translation points.
     Q_INVOKABLE void handleDragOnEnded(qreal translation);
+    /// Shows \a intensity chosen, with the ruler where a drag would have left it, as an undo does, without
+    /// telling the delegate.
+    void restore(qreal intensity);
 
 signals:
     void offsetChanged();

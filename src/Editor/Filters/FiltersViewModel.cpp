@@ -8,6 +8,8 @@ FiltersViewModel::FiltersViewModel(QImage image, ReturnAction returnAction, QObj
     loadFilters();
     m_selectFilterViewModel = new SelectFilterViewModel(m_availableFilters, this, this);
     m_chooseIntensityViewModel = new ChooseIntensityViewModel(this, this);
+    m_shownFilter = m_selectFilterViewModel->selectedFilter();
+    m_shownIntensity = m_chooseIntensityViewModel->selectedIntensity();
 }
 
 QColor FiltersViewModel::selectedSwatchColor() const
@@ -26,14 +28,26 @@ void FiltersViewModel::loadFilters()
 void FiltersViewModel::applyFilter(const Filter& filter)
 {
     const std::optional<Filter> previous = selectedFilter();
-    track([this, previous] { setSelectedFilter(previous); });
+    const Filter shown = m_shownFilter;
+    track([this, previous, shown] {
+        setSelectedFilter(previous);
+        m_shownFilter = shown;
+        m_selectFilterViewModel->select(shown);
+    });
+    m_shownFilter = filter;
     setSelectedFilter(filter);
 }
 
 void FiltersViewModel::applyIntensity(qreal value)
 {
     const qreal previous = selectedIntensity();
-    track([this, previous] { setSelectedIntensity(previous); });
+    const qreal shown = m_shownIntensity;
+    track([this, previous, shown] {
+        setSelectedIntensity(previous);
+        m_shownIntensity = shown;
+        m_chooseIntensityViewModel->restore(shown);
+    });
+    m_shownIntensity = value;
     setSelectedIntensity(value);
 }
 

@@ -43,4 +43,9 @@ protected:
 private:
     SelectFilterViewModel* m_selectFilterViewModel = nullptr;
     ChooseIntensityViewModel* m_chooseIntensityViewModel = nullptr;
+    // What the carousel and the ruler show, which an undo puts back too. They differ from the selection
+    // before the first choice: the carousel shows the original with none selected, and the ruler 100 while
+    // the page's intensity starts at 1.
+    Filter m_shownFilter;
+    qreal m_shownIntensity = 0;
 };

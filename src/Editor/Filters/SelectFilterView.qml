@@ -9,7 +9,6 @@ Item {
     required property SelectFilterViewModel viewModel
     // Photos and swatches sit on a checkerboard where transparent; symbols do not.
     property bool showsTransparency: true
-    property real dragTranslation: 0
 
     implicitHeight: root.viewModel.filterImageSize + 36
     clip: true
@@ -22,7 +21,7 @@ Item {
         objectName: "carouselStrip"
 
         y: 6
-        x: root.viewModel.offset + root.dragTranslation
+        x: root.viewModel.offset + drag.translationX
         spacing: root.viewModel.spacing
 
         // Snaps into place when the finger lifts; follows the finger exactly while it is down.
@@ -77,22 +76,10 @@ Item {
     }
 
     // Only once the carousel knows its width: a drag before that has no bounds to keep to.
-    DragHandler {
+    SidewaysDragHandler {
         id: drag
-        target: null
         enabled: root.width > 0
-        yAxis.enabled: false
-        onTranslationChanged: {
-            if (!active)
-                return
-            root.dragTranslation = translation.x
-            root.viewModel.handleDragOnChange(translation.x)
-        }
-        onActiveChanged: {
-            if (active)
-                return
-            root.viewModel.handleDragOnEnded(root.dragTranslation)
-            root.dragTranslation = 0
-        }
+        onDragChanged: (translation) => root.viewModel.handleDragOnChange(translation)
+        onDragEnded: (translation) => root.viewModel.handleDragOnEnded(translation)
     }
 }

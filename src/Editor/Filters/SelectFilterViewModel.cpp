@@ -4,6 +4,8 @@
 #include "Editor/Helpers/Truncate.h"
 
 #include <QVariantMap>
+#include <QtNumeric>
+#include <algorithm>
 #include <limits>
 
 namespace {
@@ -67,8 +69,7 @@ qint64 SelectFilterViewModel::steps(qreal translation) const
 void SelectFilterViewModel::handleDragOnChange(const Filter& previous, qreal translation)
 {
     setDragging(true);
-    // The bounds are tested first, so within them the entry reached always exists while the offset is one
-    // that setupElementsSize() and the ends of drags made.
+    // The bounds are tested first: beyond them the first or last entry, whatever the drag's length.
     if (m_offset + translation > m_maxOffset) {
         setSelectedFilter(m_availableFilters.first());
     } else if (m_offset + translation < m_minOffset) {
@@ -76,13 +77,11 @@ void SelectFilterViewModel::handleDragOnChange(const Filter& previous, qreal tra
     } else {
         const qint64 n = steps(translation);
         qint64 index = 0;
-        if (__builtin_sub_overflow(n, previous.index, &index) || index == std::numeric_limits<qint64>::min())
-            qFatal("SelectFilterViewModel: entry %lld - %lld overflows", qlonglong(n),
-                   qlonglong(previous.index));
-        index = index < 0 ? -index : index;
-        if (index >= m_availableFilters.size())
-            qFatal("SelectFilterViewModel: entry %lld is out of range: there are %lld", qlonglong(index),
-                   qlonglong(m_availableFilters.size()));
+        if (qSubOverflow(n, previous.index, &index) || index == std::numeric_limits<qint64>::min())
+            index = std::numeric_limits<qint64>::max();
+        // Kept within the list: after a new width the strip stays where it was, so a long drag can reach
+        // past the last entry without passing the new bounds.
+        index = std::min<qint64>(index < 0 ? -index : index, m_availableFilters.size() - 1);
         setSelectedFilter(m_availableFilters.at(index));
     }
     if (m_delegate)
@@ -99,6 +98,14 @@ void SelectFilterViewModel::handleDragOnEnded(qreal translation)
         setOffset(m_minOffset);
     else
         setOffset(m_offset + (m_filterImageSize + m_spacing) * qreal(steps(translation)));
+}
+
+void SelectFilterViewModel::select(const Filter& filter)
+{
+    m_previousFilter = filter;
+    setSelectedFilter(filter);
+    if (!m_isFirstTimeAppearing)
+        setOffset(m_maxOffset - qreal(filter.index) * (m_filterImageSize + m_spacing));
 }
 
 void SelectFilterViewModel::setSelectedFilter(const Filter& filter)

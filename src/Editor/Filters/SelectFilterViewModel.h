@@ -59,6 +59,8 @@ public:
     }
     /// The end of a drag of \a translation points.
     Q_INVOKABLE void handleDragOnEnded(qreal translation);
+    /// Shows \a filter selected and centred, as an undo does, without telling the delegate.
+    void select(const Filter& filter);
 
 signals:
     void selectedFilterChanged();

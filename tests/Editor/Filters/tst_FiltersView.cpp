@@ -101,6 +101,8 @@ private slots:
                 QVERIFY(!filters->selectedFilter());
                 QCOMPARE(filters->selectedIntensity(), 1.0);
                 QVERIFY(!screen.isShown("filtersUndoButton"));
+                QCOMPARE(screen.text("selectedEntryName"), QStringLiteral("Original"));
+                QCOMPARE(screen.text("intensityValue"), QStringLiteral("100"));
                 screen.tap("cancelButton");
                 QTRY_COMPARE(editor->page(), Page::base);
             }

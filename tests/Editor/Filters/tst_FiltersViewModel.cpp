@@ -62,27 +62,46 @@ private slots:
         QCOMPARE(model->imageFrameSize(), frame);
     }
 
-    void choices_areUndoneInTurn()
+    void choices_areUndoneInTurn_withTheCarouselAndRulerShowingThem()
     {
         auto model = page();
+        SelectFilterViewModel* carousel = model->selectFilterViewModel();
+        ChooseIntensityViewModel* ruler = model->chooseIntensityViewModel();
+        carousel->setupElementsSize(300);
+        ruler->setupElementsSize(402);
         model->undoLastAction();
         QCOMPARE(model->trackedActionCount(), 0);
 
         const QList<Filter> filters = model->availableFilters();
-        model->applyFilter(filters[1]);
-        model->applyIntensity(40);
-        model->applyFilter(filters[2]);
+        carousel->handleDragOnChange(-37);
+        carousel->handleDragOnEnded(-37);
+        ruler->handleDragOnChange(100);
+        ruler->handleDragOnEnded(100);
+        carousel->handleDragOnChange(-72);
+        carousel->handleDragOnEnded(-72);
         QCOMPARE(model->trackedActionCount(), 3);
+        QCOMPARE(*model->selectedFilter(), filters[2]);
+        QCOMPARE(model->selectedIntensity(), 75.0);
         QCOMPARE(model->selectedSwatchColor(), *FiltersManager::swatchColor(2));
 
         model->undoLastAction();
         QCOMPARE(*model->selectedFilter(), filters[1]);
+        QCOMPARE(carousel->selectedFilter(), filters[1]);
+        QCOMPARE(carousel->offset(), 46.0);
         model->undoLastAction();
         QCOMPARE(model->selectedIntensity(), 1.0);
+        QCOMPARE(ruler->selectedIntensity(), 100.0);
+        QCOMPARE(ruler->offset(), -200.0);
         model->undoLastAction();
         QVERIFY(!model->selectedFilter());
+        QCOMPARE(carousel->selectedFilter(), filters[0]);
+        QCOMPARE(carousel->offset(), 118.0);
         QCOMPARE(model->selectedSwatchColor(), QColor(Qt::transparent));
         QVERIFY(!model->applyFilters());
+
+        // The next drag starts from what is shown.
+        carousel->handleDragOnChange(-37);
+        QCOMPARE(*model->selectedFilter(), filters[1]);
     }
 
     void accept_handsBackTheChosenEntryOnce_data()

@@ -70,6 +70,12 @@ private slots:
         model->setupElementsSize(500);
         QCOMPARE(model->maxOffset(), maxOffset + 100);
         QCOMPARE(model->offset(), offset);
+
+        // Narrower again, a long drag still within the new bounds reaches past the last entry: it stops
+        // there.
+        model->setupElementsSize(200);
+        model->handleDragOnChange(model->minOffset() + 1 - model->offset());
+        QCOMPARE(model->selectedIndex(), 9);
     }
 
     void drags_selectByWholeStepsAndSnap_data()
