@@ -28,8 +28,7 @@ void ImageEditorViewModel::navigate(Page page)
 {
     // Once the result is handed back no tool opens: the host is about to take the editor away.
     // Screens pass a number: one that names no page is ignored.
-    if (page == m_page || (m_hasReturned && page != Page::base) ||
-        !ImageEditorViewModel::page(rawValue(page)))
+    if (page == m_page || (m_hasReturned && page != Page::base) || page < Page::base || page > Page::adjust)
         return;
     // Each tool page's model lives while its page is shown. It may be the caller, handing back its result:
     // it is deleted once it has returned.

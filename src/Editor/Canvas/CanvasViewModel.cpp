@@ -1,8 +1,8 @@
 #include "CanvasViewModel.h"
 
 #include "Editor/Common/BrandColor.h"
-#include "Editor/Helpers/AspectFit.h"
 #include "Editor/Helpers/Finite.h"
+#include "Editor/Helpers/FittedSize.h"
 #include "Editor/Helpers/ImageHelpers.h"
 
 #include <QColorSpace>
@@ -86,7 +86,7 @@ void CanvasViewModel::setupScreenSize(QSizeF size)
     if (m_setupScreenSizeCounter == std::numeric_limits<int>::max())
         qFatal("CanvasViewModel: the screen size counter overflowed");
     ++m_setupScreenSizeCounter;
-    m_imageFrameSize = aspectFit(m_image.deviceIndependentSize(), size);
+    m_imageFrameSize = fittedSize(m_image.deviceIndependentSize(), size);
     emit imageFrameSizeChanged();
     m_isCropperSetup = true;
     emit isCropperSetupChanged();

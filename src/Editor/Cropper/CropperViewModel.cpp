@@ -1,8 +1,8 @@
 #include "CropperViewModel.h"
 
 #include "Editor/Common/BrandColor.h"
-#include "Editor/Helpers/AspectFit.h"
 #include "Editor/Helpers/Finite.h"
+#include "Editor/Helpers/FittedSize.h"
 #include "Editor/Helpers/Notify.h"
 #include "Editor/Helpers/Truncate.h"
 #include "Error/QuorvaneSdkImageError.h"
@@ -39,9 +39,9 @@ void CropperViewModel::setupCropperLayout(QSizeF availableSize)
     if (!isFinite(availableSize))
         return;
     const QSizeF picture = m_currentImage.deviceIndependentSize();
-    m_portraitSize = aspectFit(picture, availableSize);
+    m_portraitSize = fittedSize(picture, availableSize);
     // The frame of the image turned a quarter, stated in the image's own axes.
-    m_landscapeSize = aspectFit(picture.transposed(), availableSize).transposed();
+    m_landscapeSize = fittedSize(picture.transposed(), availableSize).transposed();
     m_availableScreenSize = availableSize;
     // A layout while turned a quarter keeps the turned frame; the bands follow the new frame.
     setImageFrameSize(m_rotationAngle.isPortrait() ? m_portraitSize : m_landscapeSize);

@@ -1,7 +1,7 @@
 #include "ColorPageViewModel.h"
 
-#include "Editor/Helpers/AspectFit.h"
 #include "Editor/Helpers/Finite.h"
+#include "Editor/Helpers/FittedSize.h"
 #include "Editor/Helpers/Notify.h"
 
 ColorPageViewModel::ColorPageViewModel(QImage image, ReturnAction returnAction, QObject* parent)
@@ -14,7 +14,7 @@ void ColorPageViewModel::setupImageSize(QSizeF size)
 {
     if (!isFinite(size) || !(size.width() > 0) || !(size.height() > 0))
         return;
-    assignAndNotify(this, m_imageFrameSize, aspectFit(m_image.deviceIndependentSize(), size),
+    assignAndNotify(this, m_imageFrameSize, fittedSize(m_image.deviceIndependentSize(), size),
                     &ColorPageViewModel::imageFrameSizeChanged);
 }
 

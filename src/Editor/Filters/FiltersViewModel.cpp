@@ -1,6 +1,6 @@
 #include "FiltersViewModel.h"
 
-#include "Editor/Helpers/AspectFit.h"
+#include "Editor/Helpers/FittedSize.h"
 
 FiltersViewModel::FiltersViewModel(QImage image, ReturnAction returnAction, QObject* parent)
     : ColorPageViewModel(std::move(image), std::move(returnAction), parent)
@@ -21,7 +21,7 @@ QColor FiltersViewModel::selectedSwatchColor() const
 void FiltersViewModel::loadFilters()
 {
     const QSizeF thumbnail =
-        aspectFit(image().deviceIndependentSize(), {filterImageSize(), filterImageSize()});
+        fittedSize(image().deviceIndependentSize(), {filterImageSize(), filterImageSize()});
     m_availableFilters = filtersManager().loadFilters(image(), thumbnail);
 }
 
