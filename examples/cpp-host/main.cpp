@@ -1,26 +1,25 @@
-// The smallest C++ host: edit one file, print where the result went.
-//   quorvane-cpp-host IMAGE
-#include "Editor/QuorvaneSdkImageEditorPresenter.h"
+// A widget application that hands one photo to the editor and shows where the result went.
+//   cpp-host IMAGE
+#include <QuorvaneSdkImageEditorPresenter.h>
 
-#include <QGuiApplication>
-#include <QtQml/QQmlExtensionPlugin>
-#include <cstdio>
-
-Q_IMPORT_QML_PLUGIN(Quorvane_SdkImagePlugin)
+#include <QApplication>
+#include <QLabel>
 
 int main(int argc, char* argv[])
 {
-    QGuiApplication app(argc, argv);
-    if (argc < 2) {
-        std::fprintf(stderr, "usage: quorvane-cpp-host IMAGE\n");
-        return 64;
-    }
-    const QuorvaneSdkImageEditorPreset preset(QUrl::fromLocalFile(QString::fromLocal8Bit(argv[1])),
+    QApplication app(argc, argv);
+    QLabel window(QStringLiteral("Editing…"));
+    window.setAlignment(Qt::AlignCenter);
+    window.resize(390, 844);
+    window.show();
+
+    const QuorvaneSdkImageEditorPreset preset(QUrl::fromLocalFile(app.arguments().value(1)),
                                               QuorvaneSdkImageOutputFormat::png());
-    presentQuorvaneSdkImageEditorView(preset, [](const QuorvaneSdkImageEditorResult& result) {
-        std::printf("%s\n", result.editedImageURL() ? qPrintable(result.editedImageURL()->toLocalFile())
-                                                    : "no image");
-        QGuiApplication::quit();
-    });
-    return app.exec();
+    // The editor covers the screen; once it has slid away, the callback runs.
+    const bool shown = presentQuorvaneSdkImageEditorView(
+        &window, preset, [&window](const QuorvaneSdkImageEditorResult& result) {
+            window.setText(result.editedImageURL() ? result.editedImageURL()->toLocalFile()
+                                                   : QStringLiteral("No image"));
+        });
+    return shown ? app.exec() : 1;
 }

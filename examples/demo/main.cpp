@@ -1,8 +1,10 @@
 // The demo host: opens the editor full screen on a photo and shows what came back.
-//   quorvane-demo [IMAGE] [--screenshot FILE] [--size WxH] [--page crop|canvas|move|text]
+//   quorvane-demo [IMAGE] [--screenshot FILE] [--size WxH] [--page PAGE] [--help] [--version]
 #include "Editor/QuorvaneSdkImageEditorPreset.h"
 #include "Editor/QuorvaneSdkImageEditorViewModel.h"
+#include "Logger/ImageLogger.h"
 
+#include <QCommandLineParser>
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -10,11 +12,9 @@
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QTimer>
-#include <QtQml/QQmlExtensionPlugin>
 #include <cmath>
 #include <cstdio>
-
-Q_IMPORT_QML_PLUGIN(Quorvane_SdkImagePlugin)
+#include <cstdlib>
 
 namespace {
 
@@ -27,25 +27,50 @@ struct DemoOptions
     QString page;
 };
 
+// Read before the application exists: the platform depends on them.
 DemoOptions parseOptions(int argc, char* argv[])
 {
-    DemoOptions options;
-    for (int i = 1; i < argc; ++i) {
-        const QString argument = QString::fromLocal8Bit(argv[i]);
-        if (argument == u"--screenshot") {
-            options.takeScreenshot = true;
-            if (i + 1 < argc)
-                options.screenshot = QString::fromLocal8Bit(argv[++i]);
-        } else if (argument == u"--size" && i + 1 < argc) {
-            const QStringList parts = QString::fromLocal8Bit(argv[++i]).split(u'x');
-            if (parts.size() == 2)
-                options.size = QSize(parts[0].toInt(), parts[1].toInt());
-        } else if (argument == u"--page" && i + 1 < argc) {
-            options.page = QString::fromLocal8Bit(argv[++i]);
-        } else {
-            options.image = argument;
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("Opens the editor full screen on a photo."));
+    const QCommandLineOption help = parser.addHelpOption();
+    const QCommandLineOption version = parser.addVersionOption();
+    parser.addPositionalArgument(QStringLiteral("IMAGE"), QStringLiteral("The photo (default: a dragonfly)."),
+                                 QStringLiteral("[IMAGE]"));
+    const QCommandLineOption screenshot(
+        QStringLiteral("screenshot"),
+        QStringLiteral("Renders offscreen, writes a PNG of the window and exits."), QStringLiteral("FILE"));
+    const QCommandLineOption size(QStringLiteral("size"), QStringLiteral("Window size in points (390x844)."),
+                                  QStringLiteral("WxH"));
+    const QCommandLineOption page(QStringLiteral("page"),
+                                  QStringLiteral("Opens a page with a sample edit: crop, canvas, move, text, "
+                                                 "filters or adjust."),
+                                  QStringLiteral("PAGE"));
+    parser.addOptions({screenshot, size, page});
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments << QString::fromLocal8Bit(argv[i]);
+    const bool parsed = parser.parse(arguments);
+    if (!parsed || parser.isSet(help) || parser.isSet(version)) {
+        QCoreApplication app(argc, argv);
+        QCoreApplication::setApplicationVersion(ImageLogger::shared().moduleVersion());
+        if (!parsed) {
+            std::fprintf(stderr, "%s\n", qPrintable(parser.errorText()));
+            std::exit(64);
         }
+        std::printf("%s", qPrintable(parser.isSet(help) ? parser.helpText()
+                                                        : QStringLiteral("quorvane-demo %1\n")
+                                                              .arg(QCoreApplication::applicationVersion())));
+        std::exit(0);
     }
+
+    DemoOptions options;
+    options.image = parser.positionalArguments().value(0);
+    options.takeScreenshot = parser.isSet(screenshot);
+    options.screenshot = parser.value(screenshot);
+    options.page = parser.value(page);
+    const QStringList parts = parser.value(size).split(u'x');
+    if (parts.size() == 2 && parts[0].toInt() > 0 && parts[1].toInt() > 0)
+        options.size = QSize(parts[0].toInt(), parts[1].toInt());
     return options;
 }
 
@@ -80,7 +105,6 @@ int main(int argc, char* argv[])
         std::fprintf(stderr, "%s\n", qPrintable(preset.loadFailure()));
 
     QQmlApplicationEngine engine;
-    engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
     engine.setInitialProperties({{QStringLiteral("preset"), QVariant::fromValue(preset)}});
     engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Main.qml")));
     if (engine.rootObjects().isEmpty())

@@ -32,7 +32,8 @@ Rectangle {
 
         Shortcut {
             enabled: basePage.visible
-            sequences: [StandardKey.Undo]
+            // Qt 6.4's qmllint cannot see StandardKey, which QtQuick registers as a value type.
+            sequences: [StandardKey.Undo] // qmllint disable unqualified
             onActivated: root.viewModel.restoreLastImageVersion()
         }
 
@@ -52,7 +53,7 @@ Rectangle {
 
                 CircularButton {
                     objectName: "closeButton"
-                    icon: BrandImage.close
+                    iconSource: BrandImage.close
                     accessibleName: qsTr("Close")
                     onClicked: root.viewModel.close()
                 }
@@ -67,22 +68,23 @@ Rectangle {
 
                 CircularButton {
                     objectName: "undoButton"
-                    icon: BrandImage.undo
+                    iconSource: BrandImage.undo
                     accessibleName: qsTr("Undo")
                     onClicked: root.viewModel.restoreLastImageVersion()
                 }
-                Rectangle {
+                BrandButton {
                     objectName: "continueButton"
-                    width: continueLabel.implicitWidth + 32
-                    height: 44
-                    radius: 8
-                    color: BrandColor.gray
-                    border.color: "white"
-                    border.width: 2
-                    Accessible.role: Accessible.Button
-                    Accessible.name: continueLabel.text
-                    Accessible.onPressAction: root.viewModel.finish()
+                    implicitWidth: continueLabel.implicitWidth + 32
+                    implicitHeight: 44
+                    text: continueLabel.text
+                    onClicked: root.viewModel.finish()
 
+                    background: Rectangle {
+                        radius: 8
+                        color: BrandColor.gray
+                        border.color: "white"
+                        border.width: 2
+                    }
                     Text {
                         id: continueLabel
                         anchors.centerIn: parent
@@ -90,9 +92,6 @@ Rectangle {
                         color: "white"
                         font.pixelSize: 16
                         font.bold: true
-                    }
-                    TapHandler {
-                        onTapped: root.viewModel.finish()
                     }
                 }
             }
@@ -131,20 +130,20 @@ Rectangle {
                 EditorTab {
                     objectName: "cropTab"
                     title: qsTr("Crop")
-                    icon: BrandImage.crop
+                    iconSource: BrandImage.crop
                     onClicked: root.viewModel.navigate(ImageEditorViewModel.Crop)
                 }
                 EditorTab {
                     objectName: "drawTab"
                     title: qsTr("Draw")
-                    icon: BrandImage.canvas
+                    iconSource: BrandImage.canvas
                     onClicked: root.viewModel.navigate(ImageEditorViewModel.Canvas)
                 }
                 // Built and reachable, but not offered: they keep their place so the others do not move.
                 EditorTab {
                     objectName: "filtersTab"
                     title: qsTr("Filters")
-                    icon: BrandImage.filters
+                    iconSource: BrandImage.filters
                     opacity: 0
                     enabled: false
                     onClicked: root.viewModel.navigate(ImageEditorViewModel.Filters)
@@ -152,7 +151,7 @@ Rectangle {
                 EditorTab {
                     objectName: "adjustTab"
                     title: qsTr("Adjust")
-                    icon: BrandImage.resize
+                    iconSource: BrandImage.resize
                     opacity: 0
                     enabled: false
                     onClicked: root.viewModel.navigate(ImageEditorViewModel.Adjust)
@@ -194,6 +193,9 @@ Rectangle {
         epsilon: 0.001
     }
 
+    // Qt 6.4's Loader cannot create bound components (pragma ComponentBehavior: Bound), so qmllint
+    // cannot tell that the ids below always resolve here.
+    // qmllint disable unqualified
     Component {
         id: cropPage
         CropperView {
@@ -229,4 +231,5 @@ Rectangle {
             bottomInset: root.bottomInset
         }
     }
+    // qmllint enable unqualified
 }

@@ -1,5 +1,7 @@
 #include "QuorvaneSdkImage.h"
 
+#include "Localization/QuorvaneSdkImageTranslations.h"
+
 QuorvaneSdkImageEditorPreset
 QuorvaneSdkImage::presetFromImageUrl(const QUrl& imageURL, const QuorvaneSdkImageOutputFormat& outputFormat,
                                      const QUrl& outputURL, const QSizeF& newSize,
@@ -8,4 +10,9 @@ QuorvaneSdkImage::presetFromImageUrl(const QUrl& imageURL, const QuorvaneSdkImag
     return QuorvaneSdkImageEditorPreset(
         imageURL, outputFormat, outputURL.isEmpty() ? std::nullopt : std::optional<QUrl>(outputURL),
         newSize.isEmpty() ? std::nullopt : std::optional<QSizeF>(newSize), maxImagePixels);
+}
+
+bool QuorvaneSdkImage::setLanguage(const QString& localeName)
+{
+    return QuorvaneSdkImageTranslations::setLanguage(QLocale(localeName));
 }

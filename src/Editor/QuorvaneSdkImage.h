@@ -5,7 +5,8 @@
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
 
-/// Builds presets and output formats from QML, where value types have no constructors.
+/// Builds presets and output formats from QML, where value types have no constructors, and switches the
+/// component's language.
 class QuorvaneSdkImage : public QObject
 {
     Q_OBJECT
@@ -29,4 +30,8 @@ public:
         const QuorvaneSdkImageOutputFormat& outputFormat = QuorvaneSdkImageOutputFormat::jpg(100),
         const QUrl& outputURL = QUrl(), const QSizeF& newSize = QSizeF(),
         qint64 maxImagePixels = QuorvaneSdkImageEditorPreset::kDefaultMaxImagePixels) const;
+
+    /// Switches the component's texts to \a localeName ("de", "pt_BR", "ja-JP"); open screens follow. False
+    /// when the component has no translation for it (its texts then show in English).
+    Q_INVOKABLE bool setLanguage(const QString& localeName);
 };

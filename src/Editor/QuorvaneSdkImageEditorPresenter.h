@@ -5,14 +5,37 @@
 
 #include <functional>
 
-class QQuickView;
+class QQuickWindow;
 class QWindow;
 
-/// Shows the editor full screen in a window of its own, for hosts written in C++. When the user leaves, the
-/// window closes first and then \a onComplete receives the result; the window deletes itself afterwards.
-/// The host links the QML plugin (Q_IMPORT_QML_PLUGIN(Quorvane_SdkImagePlugin)); without it this returns
-/// nullptr and the callback is never called.
-QQuickView*
-presentQuorvaneSdkImageEditorView(const QuorvaneSdkImageEditorPreset& preset,
-                                  std::function<void(const QuorvaneSdkImageEditorResult&)> onComplete,
-                                  QWindow* transientParent = nullptr);
+/// Shows a new editing session full screen above \a host, for hosts written in C++. When the user leaves,
+/// the editor slides away and closes, and only then \a onComplete receives the result; the editor's window
+/// deletes itself afterwards. The host is held weakly: if it is destroyed first, the editor closes with it
+/// and the result is dropped (\a onComplete is not called). A null \a host presents on the primary screen
+/// for an application without a window of its own.
+///
+/// The editor asks for portrait where the window system lets a window ask; an Android or iOS app declares
+/// it in its manifest or Info.plist. Returns the editor's window.
+QQuickWindow*
+presentQuorvaneSdkImageEditorView(QWindow* host, const QuorvaneSdkImageEditorPreset& preset,
+                                  std::function<void(const QuorvaneSdkImageEditorResult&)> onComplete);
+
+#if defined(QT_WIDGETS_LIB)
+#include <QWidget>
+#include <QWindow>
+
+/// The same above a widget: the editor covers the screen of the widget's window.
+inline QQuickWindow*
+presentQuorvaneSdkImageEditorView(QWidget* host, const QuorvaneSdkImageEditorPreset& preset,
+                                  std::function<void(const QuorvaneSdkImageEditorResult&)> onComplete)
+{
+    QWindow* window = nullptr;
+    if (host) {
+        QWidget* topLevel = host->window();
+        // A widget that was never shown has no native window yet.
+        topLevel->winId();
+        window = topLevel->windowHandle();
+    }
+    return presentQuorvaneSdkImageEditorView(window, preset, std::move(onComplete));
+}
+#endif

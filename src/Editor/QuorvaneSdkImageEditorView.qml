@@ -29,6 +29,9 @@ Rectangle {
         sourceComponent: !session.started ? null : session.hasImage ? editor : errorScreen
     }
 
+    // Qt 6.4's Loader cannot create bound components (pragma ComponentBehavior: Bound), so qmllint
+    // cannot tell that the ids below always resolve here.
+    // qmllint disable unqualified
     Component {
         id: editor
         ImageEditorView {
@@ -44,4 +47,5 @@ Rectangle {
             onReturnAction: session.acceptError()
         }
     }
+    // qmllint enable unqualified
 }

@@ -28,8 +28,14 @@ public:
     /// Meaningful for jpg only.
     int compressionQuality() const { return m_compressionQuality; }
 
-    friend bool operator==(const QuorvaneSdkImageOutputFormat&,
-                           const QuorvaneSdkImageOutputFormat&) = default;
+    friend bool operator==(const QuorvaneSdkImageOutputFormat& a, const QuorvaneSdkImageOutputFormat& b)
+    {
+        return a.m_kind == b.m_kind && a.m_compressionQuality == b.m_compressionQuality;
+    }
+    friend bool operator!=(const QuorvaneSdkImageOutputFormat& a, const QuorvaneSdkImageOutputFormat& b)
+    {
+        return !(a == b);
+    }
 
 private:
     QuorvaneSdkImageOutputFormat(Kind kind, int compressionQuality)

@@ -14,7 +14,8 @@ Row {
     spacing: 16
 
     Shortcut {
-        sequences: [StandardKey.Undo]
+        // Qt 6.4's qmllint cannot see StandardKey, which QtQuick registers as a value type.
+        sequences: [StandardKey.Undo] // qmllint disable unqualified
         enabled: root.keysEnabled
         onActivated: root.viewModel.undoLastAction()
     }

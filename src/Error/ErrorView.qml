@@ -25,9 +25,14 @@ Rectangle {
         height: content.implicitHeight
         radius: 14
         color: "#f2f2f2"
+        // Return accepts the alert from the start. The button takes the focus only from Tab, so that its
+        // ring shows for the keyboard and never for a finger.
+        focus: true
         Accessible.role: Accessible.AlertMessage
         Accessible.name: title.text
         Accessible.description: message.text
+        Keys.onReturnPressed: root.returnAction(root.errorType)
+        Keys.onEnterPressed: root.returnAction(root.errorType)
 
         Column {
             id: content
@@ -60,18 +65,17 @@ Rectangle {
             }
             Item { width: 1; height: 20 }
             Rectangle { width: parent.width; height: 1; color: "#c6c6c8" }
-            Item {
+            BrandButton {
                 id: acceptButton
                 objectName: "acceptButton"
 
                 width: parent.width
                 height: 44
-                focus: true
-                Accessible.role: Accessible.Button
-                Accessible.name: acceptLabel.text
-                Accessible.onPressAction: root.returnAction(root.errorType)
-                Keys.onReturnPressed: root.returnAction(root.errorType)
-                Keys.onEnterPressed: root.returnAction(root.errorType)
+                // Within the alert, clear of its rounded corners.
+                focusMargin: -4
+                focusRadius: 8
+                text: acceptLabel.text
+                onClicked: root.returnAction(root.errorType)
 
                 Text {
                     id: acceptLabel
@@ -81,9 +85,6 @@ Rectangle {
                     font.pixelSize: 17
                     font.bold: true
                     color: "#007aff"
-                }
-                TapHandler {
-                    onTapped: root.returnAction(root.errorType)
                 }
             }
         }

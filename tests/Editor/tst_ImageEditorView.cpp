@@ -11,9 +11,6 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTransform>
-#include <QtQml/QQmlExtensionPlugin>
-
-Q_IMPORT_QML_PLUGIN(Quorvane_SdkImagePlugin)
 
 using namespace TestImages;
 
@@ -98,7 +95,8 @@ private slots:
     {
         QFile::remove(m_output);
         // Any warning from the editor's own QML (a binding reading a closed page's model, say) is a fault.
-        QTest::failOnWarning(QRegularExpression(QStringLiteral("^qrc:/qt/qml/Quorvane/SdkImage/")));
+        QTest::failOnWarning(
+            QRegularExpression(QStringLiteral("^qrc:/qt-project.org/imports/Quorvane/SdkImage/")));
     }
 
     void basePage_offersCropAndDraw_andKeepsTheHiddenTabsPlaces_data()

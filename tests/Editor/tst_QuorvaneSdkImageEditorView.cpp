@@ -7,16 +7,16 @@
 #include "TestImages.h"
 
 #include <QPointer>
+#include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickView>
+#include <QQuickWindow>
 #include <QScreen>
 #include <QSignalSpy>
 #include <QStandardPaths>
 #include <QTest>
-#include <QtQml/QQmlExtensionPlugin>
-
-Q_IMPORT_QML_PLUGIN(Quorvane_SdkImagePlugin)
+#include <memory>
 
 class tst_QuorvaneSdkImageEditorView : public QObject
 {
@@ -105,31 +105,107 @@ private slots:
                  QStringList{QStringLiteral("QuorvaneSdkImageEditorViewModel: initialize image editor")});
     }
 
-    void presenter_coversTheScreen_closesItsWindowBeforeReportingOnce()
+    void presenter_reportsOnlyAfterDismissal_dropsTheResultOfAVanishedHost_data()
     {
+        QTest::addColumn<bool>("hostVanishes");
+        QTest::newRow("host stays") << false;
+        QTest::newRow("host destroyed before the user leaves") << true;
+    }
+
+    void presenter_reportsOnlyAfterDismissal_dropsTheResultOfAVanishedHost()
+    {
+        QFETCH(bool, hostVanishes);
+        auto host = std::make_unique<QWindow>();
+        host->resize(320, 480);
+        host->show();
+        QVERIFY(QTest::qWaitForWindowExposed(host.get()));
         int calls = 0;
-        bool windowVisibleAtCompletion = true;
-        QPointer<QQuickView> view;
-        view = presentQuorvaneSdkImageEditorView(
+        bool editorShownAtCompletion = false;
+        QPointer<QQuickWindow> editor;
+        editor = presentQuorvaneSdkImageEditorView(
+            host.get(),
             QuorvaneSdkImageEditorPreset(QUrl::fromLocalFile(QStringLiteral("/no/such/photo.jpg"))),
             [&](const QuorvaneSdkImageEditorResult& result) {
                 ++calls;
-                windowVisibleAtCompletion = view && view->isVisible();
+                editorShownAtCompletion = editor && editor->isVisible();
                 QVERIFY(!result.hasImage());
             });
-        QVERIFY(view);
-        QVERIFY(QTest::qWaitForWindowExposed(view));
+        QVERIFY(editor);
+        QCOMPARE(editor->transientParent(), host.get());
+        QVERIFY(QTest::qWaitForWindowExposed(editor));
         // Also where nothing enlarges a full-screen window for it (an X server without a window manager).
-        QTRY_COMPARE(view->geometry(), view->screen()->geometry());
-        auto* accept = view->rootObject()->findChild<QQuickItem*>(QStringLiteral("acceptButton"));
+        QTRY_COMPARE(editor->geometry(), editor->screen()->geometry());
+        auto* screen = qobject_cast<QQuickView*>(editor.data())->rootObject();
+        // The screen follows its window, as when a phone turns.
+        editor->showNormal();
+        editor->resize(480, 320);
+        QTRY_COMPARE(screen->size(), QSizeF(480, 320));
+
+        if (hostVanishes)
+            host.reset();
+        auto* accept = screen->findChild<QQuickItem*>(QStringLiteral("acceptButton"));
         QVERIFY(accept);
+        QTest::mouseClick(editor, Qt::LeftButton, {},
+                          accept->mapToScene(QPointF(accept->width() / 2, accept->height() / 2)).toPoint());
+        QCOMPARE(calls, 0);
 
-        const QPointF centre = accept->mapToScene(QPointF(accept->width() / 2, accept->height() / 2));
-        QTest::mouseClick(view, Qt::LeftButton, {}, centre.toPoint());
+        QTRY_VERIFY(!editor);
+        QCOMPARE(calls, hostVanishes ? 0 : 1);
+        QVERIFY(!editorShownAtCompletion);
+    }
 
-        QCOMPARE(calls, 1);
-        QVERIFY(!windowVisibleAtCompletion);
-        QTRY_VERIFY(!view);
+    // A host in QML: the flag is the host's, every opening is a new session, the cover spans the window
+    // wherever the modifier is declared.
+    void modifier_coversTheWindowWhilePresented_newSessionEachTime_neverResetsTheFlag()
+    {
+        QQuickView view;
+        QQmlComponent component(view.engine());
+        // moc cannot read raw string literals.
+        component.setData("import QtQuick\n"
+                          "import Quorvane.SdkImage\n"
+                          "Item {\n"
+                          "  property bool editing: false\n"
+                          "  property int completions: 0\n"
+                          "  width: 390; height: 844\n"
+                          "  Item {\n"
+                          "    x: 40; y: 60; width: 10; height: 10\n"
+                          "    PresentVideoEditorModifier {\n"
+                          "      objectName: \"modifier\"\n"
+                          "      isPresented: editing\n"
+                          "      preset: QuorvaneSdkImage.presetFromImageUrl(\"file:///no/such/photo.jpg\")\n"
+                          "      onCompletion: (result) => { if (!result.hasImage) ++completions }\n"
+                          "    }\n"
+                          "  }\n"
+                          "}\n",
+                          QUrl());
+        QObject* root = component.create();
+        QVERIFY2(root, qPrintable(component.errorString()));
+        view.setContent(QUrl(), &component, root);
+        view.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&view));
+        auto* modifier = root->findChild<QObject*>(QStringLiteral("modifier"));
+        QVERIFY(modifier);
+        const auto editorShown = [&] { return modifier->property("editor").value<QQuickItem*>(); };
+        QVERIFY(!editorShown());
+
+        QPointer<QObject> firstSession;
+        for (int opening = 1; opening <= 2; ++opening) {
+            root->setProperty("editing", true);
+            QQuickItem* editor = editorShown();
+            QVERIFY(editor);
+            QTRY_COMPARE(editor->mapRectToScene(editor->boundingRect()), QRectF(0, 0, 390, 844));
+            if (opening == 1)
+                firstSession = editor->property("viewModel").value<QObject*>();
+            QTest::keyClick(&view, Qt::Key_Return);
+            QCOMPARE(root->property("completions").toInt(), opening);
+            QVERIFY(modifier->property("isPresented").toBool());
+            QVERIFY(editorShown());
+
+            root->setProperty("editing", false);
+            QTRY_VERIFY(!editorShown());
+            // Closing ends the session: the next opening cannot be the same one.
+            QTRY_VERIFY(!firstSession);
+        }
     }
 };
 

@@ -14,12 +14,11 @@ EditorScreen::EditorScreen(const QuorvaneSdkImageEditorPreset& preset, QSize siz
     // One touch screen for the whole test run: devices are registered for good.
     static QPointingDevice* touch = QTest::createTouchDevice();
     m_touch = touch;
-    m_view.engine()->addImportPath(QStringLiteral("qrc:/qt/qml"));
     m_view.setInitialProperties({{QStringLiteral("preset"), QVariant::fromValue(preset)}});
     m_view.setResizeMode(QQuickView::SizeRootObjectToView);
     m_view.resize(size);
-    m_view.setSource(
-        QUrl(QStringLiteral("qrc:/qt/qml/Quorvane/SdkImage/Editor/QuorvaneSdkImageEditorView.qml")));
+    m_view.setSource(QUrl(QStringLiteral(
+        "qrc:/qt-project.org/imports/Quorvane/SdkImage/Editor/QuorvaneSdkImageEditorView.qml")));
     m_view.show();
     QObject* root = m_view.rootObject();
     if (!QTest::qWaitForWindowExposed(&m_view) || !root)

@@ -5,6 +5,8 @@
 #include "Editor/QuorvaneSdkImageEditorViewModel.h"
 #include "Error/QuorvaneSdkImageError.h"
 
+#include <QCommandLineParser>
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <cmath>
@@ -95,76 +97,108 @@ QString usageText()
         "usage: quorvane-image edit INPUT [--crop X,Y,W,H] [--rotate DEGREES] [--flip-horizontal]\n"
         "                           [--flip-vertical]\n"
         "                           [--color WARM,LUMINOSITY,EXPOSURE,SATURATION,TINT [--engine cpu|gpu]]\n"
-        "                           [--resize WxH] [--format jpg[:QUALITY]|png] [--output PATH]\n");
+        "                           [--resize WxH] [--format jpg[:QUALITY]|png] [--output PATH]\n"
+        "       quorvane-image --help | --version\n");
 }
 
-std::variant<EditOptions, UsageError> parseEditCommand(const QStringList& arguments)
+std::variant<EditOptions, UsageError, InfoRequest> parseEditCommand(const QStringList& arguments)
 {
-    if (arguments.isEmpty() || arguments.first() != u"edit")
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("Edits one image as the editor would, headless, and prints the written file's path."));
+    const QCommandLineOption help = parser.addHelpOption();
+    const QCommandLineOption version = parser.addVersionOption();
+    parser.addPositionalArgument(QStringLiteral("edit"), QStringLiteral("The only command."));
+    parser.addPositionalArgument(QStringLiteral("INPUT"), QStringLiteral("The image to edit."));
+    const QCommandLineOption crop(QStringLiteral("crop"),
+                                  QStringLiteral("Cuts the rectangle, in whole points of the upright image."),
+                                  QStringLiteral("X,Y,W,H"));
+    const QCommandLineOption rotate(QStringLiteral("rotate"),
+                                    QStringLiteral("Turns the cut-out clockwise by DEGREES."),
+                                    QStringLiteral("DEGREES"));
+    const QCommandLineOption flipHorizontal(QStringLiteral("flip-horizontal"),
+                                            QStringLiteral("Mirrors left and right."));
+    const QCommandLineOption flipVertical(QStringLiteral("flip-vertical"),
+                                          QStringLiteral("Mirrors top and bottom."));
+    const QCommandLineOption color(
+        QStringLiteral("color"),
+        QStringLiteral("Applies the colour matrix of warmth, luminosity, exposure, saturation and tint."),
+        QStringLiteral("W,L,E,S,T"));
+    const QCommandLineOption engine(QStringLiteral("engine"),
+                                    QStringLiteral("Where --color runs: cpu or gpu (picked when absent)."),
+                                    QStringLiteral("cpu|gpu"));
+    const QCommandLineOption resize(
+        QStringLiteral("resize"), QStringLiteral("Resizes the result to WxH points."), QStringLiteral("WxH"));
+    const QCommandLineOption format(
+        QStringLiteral("format"),
+        QStringLiteral("Encoding: jpg, jpg:QUALITY (0 to 100) or png; jpg:100 when absent."),
+        QStringLiteral("FORMAT"));
+    const QCommandLineOption output(QStringLiteral("output"),
+                                    QStringLiteral("Where to write; a new file in Documents when absent."),
+                                    QStringLiteral("PATH"));
+    parser.addOptions({crop, rotate, flipHorizontal, flipVertical, color, engine, resize, format, output});
+
+    // The program's name is not among the arguments; the parser expects it first.
+    if (!parser.parse(QStringList{QStringLiteral("quorvane-image")} + arguments))
+        return UsageError{parser.errorText()};
+    if (parser.isSet(help))
+        return InfoRequest{parser.helpText()};
+    if (parser.isSet(version))
+        return InfoRequest{QStringLiteral("quorvane-image %1\n").arg(QCoreApplication::applicationVersion())};
+
+    const QStringList positional = parser.positionalArguments();
+    if (positional.isEmpty() || positional.first() != u"edit")
         return UsageError{QStringLiteral("The only command is \"edit\".")};
-    EditOptions options;
-    for (qsizetype i = 1; i < arguments.size(); ++i) {
-        const QString& argument = arguments[i];
-        if (argument == u"--flip-horizontal") {
-            options.flipHorizontal = true;
-            continue;
-        }
-        if (argument == u"--flip-vertical") {
-            options.flipVertical = true;
-            continue;
-        }
-        const bool isOption = argument.startsWith(u"--");
-        const bool takesValue = argument == u"--crop" || argument == u"--rotate" || argument == u"--resize" ||
-                                argument == u"--format" || argument == u"--output" ||
-                                argument == u"--color" || argument == u"--engine";
-        if (takesValue && i + 1 >= arguments.size())
-            return UsageError{QStringLiteral("%1 needs a value.").arg(argument)};
-        if (argument == u"--crop") {
-            options.crop = parseRect(arguments[++i]);
-            if (!options.crop)
-                return UsageError{
-                    QStringLiteral("--crop takes X,Y,WIDTH,HEIGHT in whole points, e.g. 0,0,800,600.")};
-        } else if (argument == u"--rotate") {
-            bool ok = false;
-            options.rotateDegrees = arguments[++i].toDouble(&ok);
-            if (!ok || !std::isfinite(options.rotateDegrees))
-                return UsageError{QStringLiteral("--rotate takes a number of degrees, e.g. 90 or -12.5.")};
-        } else if (argument == u"--resize") {
-            options.resize = parseSize(arguments[++i]);
-            if (!options.resize)
-                return UsageError{
-                    QStringLiteral("--resize takes WIDTHxHEIGHT in whole points, e.g. 1200x800.")};
-        } else if (argument == u"--format") {
-            const auto format = parseFormat(arguments[++i]);
-            if (!format)
-                return UsageError{QStringLiteral("--format takes jpg, jpg:QUALITY (0 to 100) or png.")};
-            options.format = *format;
-        } else if (argument == u"--color") {
-            options.color = parseColor(arguments[++i]);
-            if (!options.color)
-                return UsageError{QStringLiteral(
-                    "--color takes five numbers WARM,LUMINOSITY,EXPOSURE,SATURATION,TINT, e.g. 0.1,0,0,1,0 "
-                    "(exposure at most 127).")};
-        } else if (argument == u"--engine") {
-            const QString engine = arguments[++i];
-            if (engine != u"cpu" && engine != u"gpu")
-                return UsageError{QStringLiteral("--engine takes cpu or gpu.")};
-            options.engine = engine == u"cpu" ? FiltersManager::Engine::Cpu : FiltersManager::Engine::Gpu;
-        } else if (argument == u"--output") {
-            options.output = arguments[++i];
-        } else if (isOption) {
-            return UsageError{QStringLiteral("Unknown option %1.").arg(argument)};
-        } else if (options.input.isEmpty()) {
-            options.input = argument;
-        } else {
-            return UsageError{
-                QStringLiteral("Only one INPUT is taken; \"%1\" is one too many.").arg(argument)};
-        }
-    }
-    if (options.input.isEmpty())
+    if (positional.size() < 2)
         return UsageError{QStringLiteral("INPUT is missing.")};
-    if (options.engine && !options.color)
-        return UsageError{QStringLiteral("--engine chooses where --color runs; give --color too.")};
+    if (positional.size() > 2)
+        return UsageError{
+            QStringLiteral("Only one INPUT is taken; \"%1\" is one too many.").arg(positional[2])};
+
+    EditOptions options;
+    options.input = positional[1];
+    options.flipHorizontal = parser.isSet(flipHorizontal);
+    options.flipVertical = parser.isSet(flipVertical);
+    if (parser.isSet(crop)) {
+        options.crop = parseRect(parser.value(crop));
+        if (!options.crop)
+            return UsageError{
+                QStringLiteral("--crop takes X,Y,WIDTH,HEIGHT in whole points, e.g. 0,0,800,600.")};
+    }
+    if (parser.isSet(rotate)) {
+        bool ok = false;
+        options.rotateDegrees = parser.value(rotate).toDouble(&ok);
+        if (!ok || !std::isfinite(options.rotateDegrees))
+            return UsageError{QStringLiteral("--rotate takes a number of degrees, e.g. 90 or -12.5.")};
+    }
+    if (parser.isSet(resize)) {
+        options.resize = parseSize(parser.value(resize));
+        if (!options.resize)
+            return UsageError{QStringLiteral("--resize takes WIDTHxHEIGHT in whole points, e.g. 1200x800.")};
+    }
+    if (parser.isSet(format)) {
+        const auto parsed = parseFormat(parser.value(format));
+        if (!parsed)
+            return UsageError{QStringLiteral("--format takes jpg, jpg:QUALITY (0 to 100) or png.")};
+        options.format = *parsed;
+    }
+    if (parser.isSet(color)) {
+        options.color = parseColor(parser.value(color));
+        if (!options.color)
+            return UsageError{
+                QStringLiteral("--color takes five numbers WARM,LUMINOSITY,EXPOSURE,SATURATION,TINT, "
+                               "e.g. 0.1,0,0,1,0 (exposure at most 127).")};
+    }
+    if (parser.isSet(engine)) {
+        const QString value = parser.value(engine);
+        if (value != u"cpu" && value != u"gpu")
+            return UsageError{QStringLiteral("--engine takes cpu or gpu.")};
+        if (!options.color)
+            return UsageError{QStringLiteral("--engine chooses where --color runs; give --color too.")};
+        options.engine = value == u"cpu" ? FiltersManager::Engine::Cpu : FiltersManager::Engine::Gpu;
+    }
+    if (parser.isSet(output))
+        options.output = parser.value(output);
     return options;
 }
 

@@ -36,12 +36,18 @@ struct UsageError
     QString sentence;
 };
 
+/// --help or --version: the text to print before leaving successfully.
+struct InfoRequest
+{
+    QString text;
+};
+
 constexpr int kExitUsage = 64;
 /// The colour engine failed on the image (no memory, or the GPU refused the work).
 constexpr int kExitColorFailed = 70;
 
 /// \a arguments without the program name.
-std::variant<EditOptions, UsageError> parseEditCommand(const QStringList& arguments);
+std::variant<EditOptions, UsageError, InfoRequest> parseEditCommand(const QStringList& arguments);
 
 /// Runs the edit; prints the written file's path on \a out, one sentence on \a err on failure. Returns the
 /// process exit code: 0, the QuorvaneSdkImageError code of the failure, kExitUsage when --engine gpu finds

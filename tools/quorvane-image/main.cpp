@@ -1,4 +1,5 @@
 #include "EditCommand.h"
+#include "Logger/ImageLogger.h"
 
 #include <QCoreApplication>
 #include <QGuiApplication>
@@ -45,6 +46,7 @@ int main(int argc, char* argv[])
     } else {
         app = std::make_unique<QCoreApplication>(argc, argv);
     }
+    QCoreApplication::setApplicationVersion(ImageLogger::shared().moduleVersion());
     QTextStream out(stdout);
     QTextStream err(stderr);
 
@@ -52,6 +54,10 @@ int main(int argc, char* argv[])
     if (const auto* usage = std::get_if<UsageError>(&parsed)) {
         err << usage->sentence << "\n" << usageText();
         return kExitUsage;
+    }
+    if (const auto* info = std::get_if<InfoRequest>(&parsed)) {
+        out << info->text;
+        return 0;
     }
     return runEditCommand(std::get<EditOptions>(parsed), out, err);
 }

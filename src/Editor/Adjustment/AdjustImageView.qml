@@ -26,7 +26,7 @@ Rectangle {
             anchors.leftMargin: 12
             anchors.verticalCenter: parent.verticalCenter
             visible: root.viewModel.hasTrackedActions
-            icon: BrandImage.undo
+            iconSource: BrandImage.undo
             accessibleName: qsTr("Undo")
             onClicked: root.viewModel.undoLastAction()
         }

@@ -1,6 +1,7 @@
 #include "AdjustImageViewModel.h"
 
 #include "Editor/Helpers/ImageHelpers.h"
+#include "ModuleLog.h"
 
 #include <QPainter>
 #include <QSvgRenderer>
@@ -16,6 +17,14 @@ const char* const kSymbols[] = {"pencil.circle.fill", "square.and.pencil.circle"
                                 "snowflake.circle",   "tropicalstorm.circle",     "circle.dotted.circle.fill",
                                 "pencil.circle.fill", "square.and.pencil.circle", "sleep.circle",
                                 "snowflake.circle"};
+// The entries' names, English as the catalogue defines them; the screen shows them translated.
+const char* const kNames[] = {
+    QT_TRANSLATE_NOOP("Filter", "None"),      QT_TRANSLATE_NOOP("Filter", "Adjust #1"),
+    QT_TRANSLATE_NOOP("Filter", "Adjust #2"), QT_TRANSLATE_NOOP("Filter", "Adjust #3"),
+    QT_TRANSLATE_NOOP("Filter", "Adjust #4"), QT_TRANSLATE_NOOP("Filter", "Adjust #5"),
+    QT_TRANSLATE_NOOP("Filter", "Adjust #6"), QT_TRANSLATE_NOOP("Filter", "Adjust #7"),
+    QT_TRANSLATE_NOOP("Filter", "Adjust #8"), QT_TRANSLATE_NOOP("Filter", "Adjust #9")};
+static_assert(std::size(kNames) == std::size(kSymbols));
 
 // As the platform writes a floating-point number: the shortest text that reads back as the same value, with
 // ".0" on whole numbers, and exponents only for the very small and the very large.
@@ -51,8 +60,8 @@ void AdjustImageViewModel::loadFilters()
 {
     m_availableFilters.clear();
     for (qint64 i = 0; i < qint64(std::size(kSymbols)); ++i) {
-        const QString name = i == 0 ? QStringLiteral("None") : QStringLiteral("Adjust #%1").arg(i);
-        m_availableFilters.append({symbolImage(QString::fromLatin1(kSymbols[i]), 48), i, name});
+        m_availableFilters.append(
+            {symbolImage(QString::fromLatin1(kSymbols[i]), 48), i, QString::fromLatin1(kNames[i])});
     }
 }
 
@@ -76,10 +85,12 @@ std::optional<QImage> AdjustImageViewModel::applyAdjustment() const
 QImage AdjustImageViewModel::symbolImage(const QString& name, qreal points)
 {
     QSvgRenderer renderer(
-        QStringLiteral(":/qt/qml/Quorvane/SdkImage/Editor/Adjustment/Symbols/%1.svg").arg(name));
+        QStringLiteral(":/qt-project.org/imports/Quorvane/SdkImage/Editor/Adjustment/Symbols/%1.svg")
+            .arg(name));
     if (!renderer.isValid()) {
-        qCritical("AdjustImageViewModel: the symbol \"%s\" is not in the component's resources",
-                  qPrintable(name));
+        qCCritical(quorvaneSdkImage,
+                   "AdjustImageViewModel: the symbol \"%s\" is not in the component's resources",
+                   qPrintable(name));
         qFatal("Unexpectedly found nil while unwrapping an Optional value");
     }
     QImage symbol = ImageHelpers::transparentCanvas(QSizeF(points, points));

@@ -35,7 +35,7 @@ Rectangle {
                 // Kept in its place while hidden, as the move button is.
                 opacity: root.viewModel.hasPreviousStates ? 1 : 0
                 enabled: root.viewModel.hasPreviousStates
-                icon: BrandImage.undo
+                iconSource: BrandImage.undo
                 accessibleName: qsTr("Undo")
                 onClicked: root.viewModel.undoLastAction()
             }
@@ -47,14 +47,14 @@ Rectangle {
 
                 CircularButton {
                     objectName: "drawButton"
-                    icon: BrandImage.draw
+                    iconSource: BrandImage.draw
                     tint: root.viewModel.selectedOption === CanvasViewModel.Drawing ? BrandColor.ambar : BrandColor.gray
                     accessibleName: qsTr("Draw")
                     onClicked: root.viewModel.enableDraw()
                 }
                 CircularButton {
                     objectName: "textButton"
-                    icon: BrandImage.text
+                    iconSource: BrandImage.text
                     tint: root.viewModel.selectedOption === CanvasViewModel.Text ? BrandColor.ambar : BrandColor.gray
                     accessibleName: qsTr("Text")
                     onClicked: root.viewModel.enableText()
@@ -64,7 +64,7 @@ Rectangle {
                     // Its slot is kept while it is hidden, so the draw and text buttons never move.
                     opacity: root.viewModel.hasPreviousStates ? 1 : 0
                     enabled: root.viewModel.hasPreviousStates
-                    icon: BrandImage.move
+                    iconSource: BrandImage.move
                     tint: root.viewModel.selectedOption === CanvasViewModel.Transform ? BrandColor.ambar : BrandColor.gray
                     accessibleName: qsTr("Move")
                     onClicked: root.viewModel.enableMove()
@@ -166,9 +166,13 @@ Rectangle {
     Loader {
         anchors.fill: parent
         active: root.viewModel.isEnteringText
+        // Qt 6.4's Loader cannot create bound components (pragma ComponentBehavior: Bound), so qmllint
+        // cannot tell that the ids below always resolve here.
+        // qmllint disable unqualified
         sourceComponent: TextImageView {
             canvas: root.viewModel
             topInset: root.topInset
         }
+        // qmllint enable unqualified
     }
 }

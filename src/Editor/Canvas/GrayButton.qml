@@ -2,28 +2,28 @@ import QtQuick
 import Quorvane.SdkImage
 
 // A toolbar button: an optional icon beside its label, on gray.
-Rectangle {
+BrandButton {
     id: root
 
     property string title
-    property string icon
+    property string iconSource
     property bool iconMirrored: false
     /// Without the label on screen (the icon says it); screen readers still read the title.
     property bool showsTitle: true
     /// A width for the label, which then wraps onto a second line; its natural width when not set.
     property real labelWidth: -1
-
-    signal clicked()
+    /// The fill: gray, lighter while pressed. Toggles show their state in it instead.
+    property color color: root.pressed ? "#636366" : BrandColor.gray
 
     objectName: root.title
     implicitWidth: Math.max(44, content.implicitWidth + 20)
     implicitHeight: 44
-    radius: 8
-    color: tap.pressed ? "#636366" : BrandColor.gray
-    Accessible.role: Accessible.Button
-    Accessible.name: root.title
-    Accessible.onPressAction: root.clicked()
+    text: root.title
 
+    background: Rectangle {
+        radius: 8
+        color: root.color
+    }
     Row {
         id: content
         anchors.centerIn: parent
@@ -31,10 +31,10 @@ Rectangle {
 
         BrandIcon {
             anchors.verticalCenter: parent.verticalCenter
-            visible: root.icon.length > 0
+            visible: root.iconSource.length > 0
             width: 18
             height: 18
-            source: root.icon
+            source: root.iconSource
             color: "white"
             transform: Scale {
                 origin.x: 9
@@ -52,9 +52,5 @@ Rectangle {
             maximumLineCount: 2
             horizontalAlignment: Text.AlignHCenter
         }
-    }
-    TapHandler {
-        id: tap
-        onTapped: root.clicked()
     }
 }

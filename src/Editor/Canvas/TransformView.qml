@@ -28,19 +28,19 @@ Item {
                 width: rows.width - 24
                 spacing: 8
                 visible: root.selectedOption === TransformView.None
-                GrayButton { title: qsTr("Rotation"); icon: BrandImage.rotate; onClicked: root.selectedOption = TransformView.Rotation }
-                GrayButton { title: qsTr("Scale"); icon: BrandImage.resize; onClicked: root.selectedOption = TransformView.Scale }
-                GrayButton { title: qsTr("Alignment"); icon: BrandImage.alignCenter; onClicked: root.selectedOption = TransformView.Alignment }
-                GrayButton { title: qsTr("Delete"); icon: BrandImage.trash; onClicked: root.viewModel.deleteSelection() }
+                GrayButton { title: qsTr("Rotation"); iconSource: BrandImage.rotate; onClicked: root.selectedOption = TransformView.Rotation }
+                GrayButton { title: qsTr("Scale"); iconSource: BrandImage.resize; onClicked: root.selectedOption = TransformView.Scale }
+                GrayButton { title: qsTr("Alignment"); iconSource: BrandImage.alignCenter; onClicked: root.selectedOption = TransformView.Alignment }
+                GrayButton { title: qsTr("Delete"); iconSource: BrandImage.trash; onClicked: root.viewModel.deleteSelection() }
                 GrayButton { title: qsTr("Done"); onClicked: root.viewModel.closeSelection() }
             }
             Flow {
                 width: rows.width - 24
                 spacing: 8
                 visible: root.selectedOption === TransformView.Rotation
-                GrayButton { objectName: "rotationBack"; title: qsTr("Back"); icon: BrandImage.back; onClicked: root.selectedOption = TransformView.None }
-                GrayButton { title: qsTr("To left"); icon: BrandImage.rotate; onClicked: root.viewModel.rotateBy(-90) }
-                GrayButton { title: qsTr("To right"); icon: BrandImage.rotate; iconMirrored: true; onClicked: root.viewModel.rotateBy(90) }
+                GrayButton { objectName: "rotationBack"; title: qsTr("Back"); iconSource: BrandImage.back; onClicked: root.selectedOption = TransformView.None }
+                GrayButton { title: qsTr("To left"); iconSource: BrandImage.rotate; onClicked: root.viewModel.rotateBy(-90) }
+                GrayButton { title: qsTr("To right"); iconSource: BrandImage.rotate; iconMirrored: true; onClicked: root.viewModel.rotateBy(90) }
                 GrayButton { title: qsTr("90°"); onClicked: root.viewModel.rotateTo(90) }
                 GrayButton { title: qsTr("180°"); onClicked: root.viewModel.rotateTo(180) }
                 GrayButton { title: qsTr("270°"); onClicked: root.viewModel.rotateTo(270) }
@@ -49,9 +49,9 @@ Item {
                 width: rows.width - 24
                 spacing: 8
                 visible: root.selectedOption === TransformView.Scale
-                GrayButton { objectName: "scaleBack"; title: qsTr("Back"); icon: BrandImage.back; onClicked: root.selectedOption = TransformView.None }
-                GrayButton { title: qsTr("Scale down"); icon: BrandImage.scaleDown; onClicked: root.viewModel.scaleDown() }
-                GrayButton { title: qsTr("Scale up"); icon: BrandImage.scaleUp; onClicked: root.viewModel.scaleUp() }
+                GrayButton { objectName: "scaleBack"; title: qsTr("Back"); iconSource: BrandImage.back; onClicked: root.selectedOption = TransformView.None }
+                GrayButton { title: qsTr("Scale down"); iconSource: BrandImage.scaleDown; onClicked: root.viewModel.scaleDown() }
+                GrayButton { title: qsTr("Scale up"); iconSource: BrandImage.scaleUp; onClicked: root.viewModel.scaleUp() }
                 GrayButton { title: qsTr("0.25x"); onClicked: root.viewModel.scaleTo(0.25) }
                 GrayButton { title: qsTr("0.5x"); onClicked: root.viewModel.scaleTo(0.5) }
                 GrayButton { title: qsTr("1x"); onClicked: root.viewModel.scaleTo(1.0) }
@@ -64,7 +64,7 @@ Item {
                 spacing: 8
                 visible: root.selectedOption === TransformView.Alignment
 
-                GrayButton { objectName: "alignmentBack"; title: qsTr("Back"); icon: BrandImage.back; showsTitle: false; onClicked: root.selectedOption = TransformView.None }
+                GrayButton { objectName: "alignmentBack"; title: qsTr("Back"); iconSource: BrandImage.back; showsTitle: false; onClicked: root.selectedOption = TransformView.None }
                 Grid {
                     id: alignments
                     // Each label gets a third of what is left beside the way back.

@@ -36,7 +36,7 @@ public:
     /// The resource path of the icon \a name.
     static QString path(const char* name)
     {
-        return QStringLiteral(":/qt/qml/Quorvane/SdkImage/Editor/Common/Icons/%1.svg")
+        return QStringLiteral(":/qt-project.org/imports/Quorvane/SdkImage/Editor/Common/Icons/%1.svg")
             .arg(QLatin1String(name));
     }
 

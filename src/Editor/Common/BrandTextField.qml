@@ -21,19 +21,21 @@ Rectangle {
         if (!root.editsOnOpen)
             return
         input.forceActiveFocus()
-        Qt.inputMethod.show()
+        // Qt 6.4's qmllint types Qt.inputMethod as a bare QObject; the object is the QInputMethod.
+        Qt.inputMethod.show() // qmllint disable type
     }
 
     TextInput {
         id: input
         anchors.left: parent.left
-        anchors.right: doneButton.left
+        anchors.right: doneLabel.left
         anchors.verticalCenter: parent.verticalCenter
         anchors.leftMargin: 12
         anchors.rightMargin: 8
         color: "white"
         font.pixelSize: 17
         clip: true
+        activeFocusOnTab: true
         Accessible.role: Accessible.EditableText
         Accessible.name: root.placeholder
         onAccepted: {
@@ -50,7 +52,7 @@ Rectangle {
         }
     }
     Text {
-        id: doneButton
+        id: doneLabel
         anchors.right: parent.right
         anchors.verticalCenter: parent.verticalCenter
         anchors.rightMargin: 12
@@ -58,19 +60,18 @@ Rectangle {
         color: BrandColor.ambar
         font.pixelSize: 17
         font.bold: true
-        Accessible.role: Accessible.Button
-        Accessible.name: text
-        Accessible.onPressAction: {
+    }
+    // Reaches 14 points around the word, which is smaller than a finger.
+    BrandButton {
+        objectName: "doneButton"
+        anchors.fill: doneLabel
+        anchors.margins: -14
+        focusMargin: -10
+        focusRadius: 6
+        text: doneLabel.text
+        onClicked: {
             input.focus = false
             root.done()
-        }
-
-        TapHandler {
-            margin: 14
-            onTapped: {
-                input.focus = false
-                root.done()
-            }
         }
     }
 }

@@ -2,25 +2,23 @@ import QtQuick
 import Quorvane.SdkImage
 
 // A rectangular button filled with the brand colour, for the main choice. Disabled, it is dimmed and inert.
-Rectangle {
+BrandButton {
     id: root
 
     property string title
     property bool isDisabled: false
 
-    signal clicked()
-
     implicitWidth: Math.max(120, label.implicitWidth + 32)
     implicitHeight: 44
-    radius: 8
-    color: BrandColor.ambar
-    opacity: root.isDisabled ? 0.4 : (tap.pressed ? 0.8 : 1)
-    // Disabled, it is also announced as unavailable.
+    opacity: root.isDisabled ? 0.4 : (root.pressed ? 0.8 : 1)
+    // Disabled, it is also announced as unavailable, and Tab passes it by.
     enabled: !root.isDisabled
-    Accessible.role: Accessible.Button
-    Accessible.name: root.title
-    Accessible.onPressAction: if (!root.isDisabled) root.clicked()
+    text: root.title
 
+    background: Rectangle {
+        radius: 8
+        color: BrandColor.ambar
+    }
     Text {
         id: label
         anchors.centerIn: parent
@@ -28,9 +26,5 @@ Rectangle {
         color: "black"
         font.pixelSize: 16
         font.bold: true
-    }
-    TapHandler {
-        id: tap
-        onTapped: root.clicked()
     }
 }

@@ -1,3 +1,4 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvane.SdkImage
 
@@ -26,7 +27,7 @@ Rectangle {
             anchors.leftMargin: 12
             anchors.verticalCenter: parent.verticalCenter
             visible: root.viewModel.hasTrackedActions
-            icon: BrandImage.undo
+            iconSource: BrandImage.undo
             accessibleName: qsTr("Undo")
             onClicked: root.viewModel.undoLastAction()
         }
@@ -38,27 +39,27 @@ Rectangle {
 
             CircularButton {
                 objectName: "rotateLeftButton"
-                icon: BrandImage.rotate
+                iconSource: BrandImage.rotate
                 accessibleName: qsTr("Rotate left")
                 onClicked: root.viewModel.rotateLeftTracked()
             }
             CircularButton {
                 objectName: "rotateRightButton"
-                icon: BrandImage.rotate
+                iconSource: BrandImage.rotate
                 iconMirrored: true
                 accessibleName: qsTr("Rotate right")
                 onClicked: root.viewModel.rotateRightTracked()
             }
             CircularButton {
                 objectName: "flipHorizontallyButton"
-                icon: BrandImage.flip
+                iconSource: BrandImage.flip
                 tint: root.viewModel.flipHorizontallyButtonColor
                 accessibleName: qsTr("Flip horizontally")
                 onClicked: root.viewModel.toggleFlipHorizontally()
             }
             CircularButton {
                 objectName: "flipVerticallyButton"
-                icon: BrandImage.flip
+                iconSource: BrandImage.flip
                 iconRotation: -90
                 tint: root.viewModel.flipVericallyButtonColor
                 accessibleName: qsTr("Flip vertically")

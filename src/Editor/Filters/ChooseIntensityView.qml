@@ -1,3 +1,4 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvane.SdkImage
 
@@ -11,10 +12,16 @@ Item {
 
     implicitHeight: valueLabel.height + 8 + root.viewModel.segmentSize.height + 8
     clip: true
+    activeFocusOnTab: true
     onWidthChanged: root.viewModel.setupElementsSize(width)
     Accessible.role: Accessible.Slider
     Accessible.name: qsTr("Intensity")
     Accessible.description: root.viewModel.intensityText
+    Accessible.onIncreaseAction: root.viewModel.step(1)
+    Accessible.onDecreaseAction: root.viewModel.step(-1)
+    // An arrow key moves the ruler by one tick, as a short drag does.
+    Keys.onLeftPressed: root.viewModel.step(-1)
+    Keys.onRightPressed: root.viewModel.step(1)
 
     Text {
         id: valueLabel
@@ -71,6 +78,13 @@ Item {
         height: root.viewModel.segmentSize.height + 8
         radius: 1.5
         color: BrandColor.ambar
+    }
+
+    // Inside the ruler, which clips.
+    FocusRing {
+        margin: 0
+        radius: 8
+        visible: root.activeFocus
     }
 
     // Only once the ruler knows its width: before that a drag of nothing would give no number.

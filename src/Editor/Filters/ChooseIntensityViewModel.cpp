@@ -82,6 +82,20 @@ void ChooseIntensityViewModel::handleDragOnEnded(qreal translation)
         setOffset(m_offset + translation);
 }
 
+void ChooseIntensityViewModel::step(int ticks)
+{
+    if (m_isFirstTimeAppearing || ticks == 0)
+        return;
+    // A key at either end changes nothing: it must not leave an undo step that undoes nothing.
+    if ((ticks > 0 && m_selectedIntensity >= m_maximumValue) ||
+        (ticks < 0 && m_selectedIntensity <= m_minimumValue))
+        return;
+    // The ruler moves left to raise the intensity.
+    const qreal translation = -ticks * (m_segmentSize.width() + m_segmentSpacing);
+    handleDragOnChange(translation);
+    handleDragOnEnded(translation);
+}
+
 void ChooseIntensityViewModel::restore(qreal intensity)
 {
     m_previousIntensity = intensity;

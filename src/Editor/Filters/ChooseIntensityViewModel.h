@@ -54,6 +54,9 @@ public:
     Q_INVOKABLE void handleDragOnChange(qreal translation);
     /// The end of a drag of \a translation points.
     Q_INVOKABLE void handleDragOnEnded(qreal translation);
+    /// Raises the intensity by \a ticks of the ruler (lowers it when negative), as a drag of as many ticks
+    /// would, for the keyboard and screen readers. Nothing past either end, nor before the width is known.
+    Q_INVOKABLE void step(int ticks);
     /// Shows \a intensity chosen, with the ruler where a drag would have left it, as an undo does, without
     /// telling the delegate.
     void restore(qreal intensity);

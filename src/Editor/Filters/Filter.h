@@ -13,7 +13,7 @@ Q_ENUM_NS(FilterType)
 using FilterTypes::FilterType;
 
 /// One entry of the filter picker: the image it stands for (also its thumbnail), its place in the catalogue
-/// (0 for the original) and its display name.
+/// (0 for the original) and its name, in English: screens show it translated (context "Filter").
 struct Filter
 {
     QImage image;

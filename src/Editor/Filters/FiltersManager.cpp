@@ -2,6 +2,7 @@
 
 #include "CpuColorEngine.h"
 #include "ImageHelpers.h"
+#include "ModuleLog.h"
 
 #include <QtGlobal>
 
@@ -15,8 +16,9 @@ std::optional<FiltersManager::Engine> engineFromEnvironment()
     if (forced == "gpu")
         return FiltersManager::Engine::Gpu;
     if (!forced.isEmpty())
-        qWarning("QUORVANE_FILTER_ENGINE takes cpu or gpu, not \"%s\"; the engine is picked as usual",
-                 forced.constData());
+        qCWarning(quorvaneSdkImage,
+                  "QUORVANE_FILTER_ENGINE takes cpu or gpu, not \"%s\"; the engine is picked as usual",
+                  forced.constData());
     return std::nullopt;
 }
 
@@ -26,13 +28,18 @@ struct CatalogueEntry
     QColor color;
 };
 
-// The platform's standard colours the catalogue names, in its order.
+// The platform's standard colours the catalogue names, in its order. The names stay English here; the
+// screen shows them translated.
 const CatalogueEntry catalogue[] = {
-    {"Blue", QColor::fromRgbF(0, 0, 1)},       {"Green", QColor::fromRgbF(0, 1, 0)},
-    {"Gray", QColor::fromRgbF(0.5, 0.5, 0.5)}, {"Pink", QColor(255, 45, 85)},
-    {"Yellow", QColor::fromRgbF(1, 1, 0)},     {"Orange", QColor::fromRgbF(1, 0.5, 0)},
-    {"Red", QColor::fromRgbF(1, 0, 0)},        {"Brown", QColor::fromRgbF(0.6, 0.4, 0.2)},
-    {"White", QColor::fromRgbF(1, 1, 1)},
+    {QT_TRANSLATE_NOOP("Filter", "Blue"), QColor::fromRgbF(0, 0, 1)},
+    {QT_TRANSLATE_NOOP("Filter", "Green"), QColor::fromRgbF(0, 1, 0)},
+    {QT_TRANSLATE_NOOP("Filter", "Gray"), QColor::fromRgbF(0.5, 0.5, 0.5)},
+    {QT_TRANSLATE_NOOP("Filter", "Pink"), QColor(255, 45, 85)},
+    {QT_TRANSLATE_NOOP("Filter", "Yellow"), QColor::fromRgbF(1, 1, 0)},
+    {QT_TRANSLATE_NOOP("Filter", "Orange"), QColor::fromRgbF(1, 0.5, 0)},
+    {QT_TRANSLATE_NOOP("Filter", "Red"), QColor::fromRgbF(1, 0, 0)},
+    {QT_TRANSLATE_NOOP("Filter", "Brown"), QColor::fromRgbF(0.6, 0.4, 0.2)},
+    {QT_TRANSLATE_NOOP("Filter", "White"), QColor::fromRgbF(1, 1, 1)},
 };
 
 } // namespace
@@ -104,7 +111,7 @@ QList<Filter> FiltersManager::loadFilters(const QImage& image) const
 
 QList<Filter> FiltersManager::loadFilters(const QImage& image, QSizeF swatchSize) const
 {
-    QList<Filter> filters{{image, 0, QStringLiteral("Original")}};
+    QList<Filter> filters{{image, 0, QStringLiteral(QT_TRANSLATE_NOOP("Filter", "Original"))}};
     qint64 index = 1;
     for (const CatalogueEntry& entry : catalogue)
         filters.append(

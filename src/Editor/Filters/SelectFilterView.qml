@@ -1,3 +1,4 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvane.SdkImage
 
@@ -12,9 +13,13 @@ Item {
 
     implicitHeight: root.viewModel.filterImageSize + 36
     clip: true
+    activeFocusOnTab: true
     onWidthChanged: root.viewModel.setupElementsSize(width)
     Accessible.role: Accessible.List
     Accessible.name: qsTr("Choices")
+    // An arrow key moves the selection by one entry, as a short swipe does.
+    Keys.onLeftPressed: root.viewModel.step(-1)
+    Keys.onRightPressed: root.viewModel.step(1)
 
     Row {
         id: strip
@@ -45,7 +50,7 @@ Item {
                 width: root.viewModel.filterImageSize
                 height: root.viewModel.filterImageSize
                 Accessible.role: Accessible.ListItem
-                Accessible.name: entry.modelData.name
+                Accessible.name: qsTranslate("Filter", entry.modelData.name)
                 Accessible.selected: entry.isSelected
 
                 ImagePreview {
@@ -70,9 +75,16 @@ Item {
         objectName: "selectedEntryName"
         anchors.horizontalCenter: parent.horizontalCenter
         anchors.bottom: parent.bottom
-        text: root.viewModel.selectedName
+        text: qsTranslate("Filter", root.viewModel.selectedName)
         color: "white"
         font.pixelSize: 13
+    }
+
+    // Inside the carousel, which clips.
+    FocusRing {
+        margin: 0
+        radius: 8
+        visible: root.activeFocus
     }
 
     // Only once the carousel knows its width: a drag before that has no bounds to keep to.

@@ -100,6 +100,20 @@ void SelectFilterViewModel::handleDragOnEnded(qreal translation)
         setOffset(m_offset + (m_filterImageSize + m_spacing) * qreal(steps(translation)));
 }
 
+void SelectFilterViewModel::step(int entries)
+{
+    if (m_isFirstTimeAppearing)
+        return;
+    const qint64 last = m_availableFilters.size() - 1;
+    const qint64 target = std::clamp<qint64>(m_selectedFilter.index + entries, 0, last);
+    // A key at either end changes nothing: it must not leave an undo step that undoes nothing.
+    if (target == m_selectedFilter.index)
+        return;
+    const qreal translation = -qreal(target - m_selectedFilter.index) * (m_filterImageSize + m_spacing);
+    handleDragOnChange(translation);
+    handleDragOnEnded(translation);
+}
+
 void SelectFilterViewModel::select(const Filter& filter)
 {
     m_previousFilter = filter;

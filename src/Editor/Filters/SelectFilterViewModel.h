@@ -59,6 +59,9 @@ public:
     }
     /// The end of a drag of \a translation points.
     Q_INVOKABLE void handleDragOnEnded(qreal translation);
+    /// Moves the selection \a entries along (later entries when positive), as a drag of as many whole
+    /// entries would, for the keyboard. Nothing past either end, nor before the width is known.
+    Q_INVOKABLE void step(int entries);
     /// Shows \a filter selected and centred, as an undo does, without telling the delegate.
     void select(const Filter& filter);
 

@@ -8,10 +8,7 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QtQml/QQmlExtensionPlugin>
 #include <QtQuickTest/quicktest.h>
-
-Q_IMPORT_QML_PLUGIN(Quorvane_SdkImagePlugin)
 
 using namespace TestImages;
 
@@ -77,7 +74,8 @@ private slots:
     void init()
     {
         // Any warning from the editor's own QML is a fault.
-        QTest::failOnWarning(QRegularExpression(QStringLiteral("^qrc:/qt/qml/Quorvane/SdkImage/")));
+        QTest::failOnWarning(
+            QRegularExpression(QStringLiteral("^qrc:/qt-project.org/imports/Quorvane/SdkImage/")));
     }
 
     void wholeSession_strokeAndText_landWhereTheyWerePlaced()

@@ -3,9 +3,6 @@
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QTest>
-#include <QtQml/qqmlextensionplugin.h>
-
-Q_IMPORT_QML_PLUGIN(Quorvane_SdkImagePlugin)
 
 namespace {
 

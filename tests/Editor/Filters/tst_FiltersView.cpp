@@ -6,9 +6,6 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QtQml/QQmlExtensionPlugin>
-
-Q_IMPORT_QML_PLUGIN(Quorvane_SdkImagePlugin)
 
 using namespace TestImages;
 using Page = ImageEditorViewModel::Page;
@@ -48,7 +45,8 @@ private slots:
 
     void init()
     {
-        QTest::failOnWarning(QRegularExpression(QStringLiteral("^qrc:/qt/qml/Quorvane/SdkImage/")));
+        QTest::failOnWarning(
+            QRegularExpression(QStringLiteral("^qrc:/qt-project.org/imports/Quorvane/SdkImage/")));
     }
 
     void wholeSession_filtersAndAdjustments_byTouch()

@@ -40,7 +40,7 @@ Rectangle {
         CircularButton {
             objectName: "textConfirmButton"
             anchors.verticalCenter: parent.verticalCenter
-            icon: BrandImage.checkmark
+            iconSource: BrandImage.checkmark
             tint: BrandColor.ambar
             accessibleName: qsTr("Add the text")
             onClicked: root.canvas.confirmText(textModel)

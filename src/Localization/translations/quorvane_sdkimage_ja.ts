@@ -1,0 +1,401 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ja">
+<context>
+    <name>AdjustImageView</name>
+    <message>
+        <source>Undo</source>
+        <translation>取り消す</translation>
+    </message>
+    <message>
+        <source>Picture being adjusted</source>
+        <translation>調整中の画像</translation>
+    </message>
+</context>
+<context>
+    <name>BrandTextField</name>
+    <message>
+        <source>Done</source>
+        <translation>完了</translation>
+    </message>
+</context>
+<context>
+    <name>CanvasView</name>
+    <message>
+        <source>Undo</source>
+        <translation>取り消す</translation>
+    </message>
+    <message>
+        <source>Draw</source>
+        <translation>描画</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>テキスト</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>移動</translation>
+    </message>
+</context>
+<context>
+    <name>ChooseColorView</name>
+    <message>
+        <source>Colour %1</source>
+        <translation>カラー%1</translation>
+    </message>
+    <message>
+        <source>Colours</source>
+        <translation>カラー</translation>
+    </message>
+</context>
+<context>
+    <name>ChooseIntensityView</name>
+    <message>
+        <source>Intensity</source>
+        <translation>強さ</translation>
+    </message>
+</context>
+<context>
+    <name>ChooseLineWidthView</name>
+    <message>
+        <source>Line width</source>
+        <translation>線の太さ</translation>
+    </message>
+</context>
+<context>
+    <name>CropperView</name>
+    <message>
+        <source>Undo</source>
+        <translation>取り消す</translation>
+    </message>
+    <message>
+        <source>Rotate left</source>
+        <translation>左に回転</translation>
+    </message>
+    <message>
+        <source>Rotate right</source>
+        <translation>右に回転</translation>
+    </message>
+    <message>
+        <source>Flip horizontally</source>
+        <translation>左右反転</translation>
+    </message>
+    <message>
+        <source>Flip vertically</source>
+        <translation>上下反転</translation>
+    </message>
+    <message>
+        <source>Crop frame: drag an edge, a corner or the middle</source>
+        <translation>トリミング枠：辺、角、または中央をドラッグ</translation>
+    </message>
+    <message>
+        <source>CROP</source>
+        <translation>トリミング</translation>
+    </message>
+</context>
+<context>
+    <name>ErrorView</name>
+    <message>
+        <source>Sorry</source>
+        <translation>申し訳ありません</translation>
+    </message>
+    <message>
+        <source>Accept</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>Filter</name>
+    <message>
+        <source>Blue</source>
+        <translation>ブルー</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>グリーン</translation>
+    </message>
+    <message>
+        <source>Gray</source>
+        <translation>グレー</translation>
+    </message>
+    <message>
+        <source>Pink</source>
+        <translation>ピンク</translation>
+    </message>
+    <message>
+        <source>Yellow</source>
+        <translation>イエロー</translation>
+    </message>
+    <message>
+        <source>Orange</source>
+        <translation>オレンジ</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>レッド</translation>
+    </message>
+    <message>
+        <source>Brown</source>
+        <translation>ブラウン</translation>
+    </message>
+    <message>
+        <source>White</source>
+        <translation>ホワイト</translation>
+    </message>
+    <message>
+        <source>Original</source>
+        <translation>オリジナル</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>なし</translation>
+    </message>
+    <message>
+        <source>Adjust #1</source>
+        <translation>調整1</translation>
+    </message>
+    <message>
+        <source>Adjust #2</source>
+        <translation>調整2</translation>
+    </message>
+    <message>
+        <source>Adjust #3</source>
+        <translation>調整3</translation>
+    </message>
+    <message>
+        <source>Adjust #4</source>
+        <translation>調整4</translation>
+    </message>
+    <message>
+        <source>Adjust #5</source>
+        <translation>調整5</translation>
+    </message>
+    <message>
+        <source>Adjust #6</source>
+        <translation>調整6</translation>
+    </message>
+    <message>
+        <source>Adjust #7</source>
+        <translation>調整7</translation>
+    </message>
+    <message>
+        <source>Adjust #8</source>
+        <translation>調整8</translation>
+    </message>
+    <message>
+        <source>Adjust #9</source>
+        <translation>調整9</translation>
+    </message>
+</context>
+<context>
+    <name>FiltersView</name>
+    <message>
+        <source>Undo</source>
+        <translation>取り消す</translation>
+    </message>
+    <message>
+        <source>Picture with the chosen filter</source>
+        <translation>選んだフィルタを適用した画像</translation>
+    </message>
+</context>
+<context>
+    <name>ImageEditorView</name>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>取り消す</translation>
+    </message>
+    <message>
+        <source>CONTINUE</source>
+        <translation>続ける</translation>
+    </message>
+    <message>
+        <source>Picture being edited</source>
+        <translation>編集中の画像</translation>
+    </message>
+    <message>
+        <source>Crop</source>
+        <translation>トリミング</translation>
+    </message>
+    <message>
+        <source>Draw</source>
+        <translation>描画</translation>
+    </message>
+    <message>
+        <source>Filters</source>
+        <translation>フィルタ</translation>
+    </message>
+    <message>
+        <source>Adjust</source>
+        <translation>調整</translation>
+    </message>
+</context>
+<context>
+    <name>SelectFilterView</name>
+    <message>
+        <source>Choices</source>
+        <translation>選択肢</translation>
+    </message>
+</context>
+<context>
+    <name>TextImageView</name>
+    <message>
+        <source>CANCEL</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Add the text</source>
+        <translation>テキストを追加</translation>
+    </message>
+    <message>
+        <source>Add some text...</source>
+        <translation>テキストを入力...</translation>
+    </message>
+    <message>
+        <source>Italic</source>
+        <translation>斜体</translation>
+    </message>
+    <message>
+        <source>Bold</source>
+        <translation>太字</translation>
+    </message>
+    <message>
+        <source>Uppercase</source>
+        <translation>大文字</translation>
+    </message>
+    <message>
+        <source>Text size</source>
+        <translation>文字サイズ</translation>
+    </message>
+</context>
+<context>
+    <name>ToolPageBar</name>
+    <message>
+        <source>ACCEPT</source>
+        <translation>適用</translation>
+    </message>
+    <message>
+        <source>CANCEL</source>
+        <translation>キャンセル</translation>
+    </message>
+</context>
+<context>
+    <name>TransformView</name>
+    <message>
+        <source>Rotation</source>
+        <translation>回転</translation>
+    </message>
+    <message>
+        <source>Scale</source>
+        <translation>サイズ</translation>
+    </message>
+    <message>
+        <source>Alignment</source>
+        <translation>配置</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>削除</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>完了</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>戻る</translation>
+    </message>
+    <message>
+        <source>To left</source>
+        <translation>左へ</translation>
+    </message>
+    <message>
+        <source>To right</source>
+        <translation>右へ</translation>
+    </message>
+    <message>
+        <source>90°</source>
+        <translation>90°</translation>
+    </message>
+    <message>
+        <source>180°</source>
+        <translation>180°</translation>
+    </message>
+    <message>
+        <source>270°</source>
+        <translation>270°</translation>
+    </message>
+    <message>
+        <source>Scale down</source>
+        <translation>縮小</translation>
+    </message>
+    <message>
+        <source>Scale up</source>
+        <translation>拡大</translation>
+    </message>
+    <message>
+        <source>0.25x</source>
+        <translation>0.25倍</translation>
+    </message>
+    <message>
+        <source>0.5x</source>
+        <translation>0.5倍</translation>
+    </message>
+    <message>
+        <source>1x</source>
+        <translation>1倍</translation>
+    </message>
+    <message>
+        <source>1.25x</source>
+        <translation>1.25倍</translation>
+    </message>
+    <message>
+        <source>2x</source>
+        <translation>2倍</translation>
+    </message>
+    <message>
+        <source>4x</source>
+        <translation>4倍</translation>
+    </message>
+    <message>
+        <source>Top leading</source>
+        <translation>左上</translation>
+    </message>
+    <message>
+        <source>Top</source>
+        <translation>上</translation>
+    </message>
+    <message>
+        <source>Top trailing</source>
+        <translation>右上</translation>
+    </message>
+    <message>
+        <source>Leading</source>
+        <translation>左</translation>
+    </message>
+    <message>
+        <source>Center</source>
+        <translation>中央</translation>
+    </message>
+    <message>
+        <source>Trailing</source>
+        <translation>右</translation>
+    </message>
+    <message>
+        <source>Bottom leading</source>
+        <translation>左下</translation>
+    </message>
+    <message>
+        <source>Bottom</source>
+        <translation>下</translation>
+    </message>
+    <message>
+        <source>Bottom trailing</source>
+        <translation>右下</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,3 @@
+#include "ModuleLog.h"
+
+Q_LOGGING_CATEGORY(quorvaneSdkImage, "quorvane.sdkimage")
