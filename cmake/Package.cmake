@@ -20,18 +20,19 @@ set(QUORVANE_PUBLIC_HEADERS
   ${PROJECT_SOURCE_DIR}/src/Editor/QuorvaneSdkImageEditorResult.h
   ${PROJECT_SOURCE_DIR}/src/Editor/QuorvaneSdkImageOutputFormat.h
   ${PROJECT_SOURCE_DIR}/src/Error/QuorvaneSdkImageError.h
+  ${PROJECT_SOURCE_DIR}/src/Localization/QuorvaneSdkImageTranslations.h
   ${PROJECT_SOURCE_DIR}/src/SharedQuorvaneSdk/SharedQuorvaneSdkCommon.h
   ${PROJECT_SOURCE_DIR}/src/SharedQuorvaneSdk/SharedQuorvaneSdkExport.h
   ${PROJECT_SOURCE_DIR}/src/SharedQuorvaneSdk/SharedQuorvaneSdkLog.h
 )
 
-# Called once src/ is read, when every target the QML, shader and translation steps made is known.
+# Called once src/ is read, when every target the QML, shader and translation steps made is known. A host
+# that builds the component in its own tree installs nothing of ours unless it asks.
 function(quorvane_install_package)
-  set(destination ${CMAKE_INSTALL_LIBDIR}/cmake/QuorvaneSdkImage)
-  set(headers ${QUORVANE_PUBLIC_HEADERS})
-  if(EXISTS ${PROJECT_SOURCE_DIR}/src/Localization/QuorvaneSdkImageTranslations.h)
-    list(APPEND headers ${PROJECT_SOURCE_DIR}/src/Localization/QuorvaneSdkImageTranslations.h)
+  if(NOT QUORVANE_INSTALL)
+    return()
   endif()
+  set(destination ${CMAKE_INSTALL_LIBDIR}/cmake/QuorvaneSdkImage)
   install(TARGETS QuorvaneSdkImageHost QuorvaneSdkImage QuorvaneSdkImageplugin QuorvaneShared
                   ${quorvane_qml_targets} ${quorvane_shader_targets} ${QUORVANE_TRANSLATION_TARGETS}
     EXPORT QuorvaneSdkImageTargets
@@ -39,7 +40,7 @@ function(quorvane_install_package)
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
     RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
     OBJECTS DESTINATION ${CMAKE_INSTALL_LIBDIR}/QuorvaneSdkImage/objects)
-  install(FILES ${headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/QuorvaneSdkImage)
+  install(FILES ${QUORVANE_PUBLIC_HEADERS} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/QuorvaneSdkImage)
   install(EXPORT QuorvaneSdkImageTargets NAMESPACE Quorvane:: DESTINATION ${destination})
   configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/QuorvaneSdkImageConfig.cmake.in
     ${PROJECT_BINARY_DIR}/QuorvaneSdkImageConfig.cmake INSTALL_DESTINATION ${destination})

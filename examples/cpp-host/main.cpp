@@ -3,6 +3,7 @@
 #include <QuorvaneSdkImageEditorPresenter.h>
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QLabel>
 
 int main(int argc, char* argv[])
@@ -10,16 +11,18 @@ int main(int argc, char* argv[])
     QApplication app(argc, argv);
     QLabel window(QStringLiteral("Editing…"));
     window.setAlignment(Qt::AlignCenter);
+    window.setWordWrap(true);
     window.resize(390, 844);
     window.show();
 
-    const QuorvaneSdkImageEditorPreset preset(QUrl::fromLocalFile(app.arguments().value(1)),
+    const QString photo = QFileInfo(app.arguments().value(1)).absoluteFilePath();
+    const QuorvaneSdkImageEditorPreset preset(QUrl::fromLocalFile(photo),
                                               QuorvaneSdkImageOutputFormat::png());
     // The editor covers the screen; once it has slid away, the callback runs.
-    const bool shown = presentQuorvaneSdkImageEditorView(
+    QQuickWindow* editor = presentQuorvaneSdkImageEditorView(
         &window, preset, [&window](const QuorvaneSdkImageEditorResult& result) {
             window.setText(result.editedImageURL() ? result.editedImageURL()->toLocalFile()
                                                    : QStringLiteral("No image"));
         });
-    return shown ? app.exec() : 1;
+    return editor ? app.exec() : 1;
 }

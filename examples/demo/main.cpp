@@ -15,6 +15,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 
 namespace {
 
@@ -27,13 +28,14 @@ struct DemoOptions
     QString page;
 };
 
-// Read before the application exists: the platform depends on them.
-DemoOptions parseOptions(int argc, char* argv[])
+// Read once the application has taken its own arguments (-platform, -reverse, ...) out of the list. Help,
+// the version and a usage error end the program here.
+DemoOptions parseOptions(const QStringList& arguments)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Opens the editor full screen on a photo."));
-    const QCommandLineOption help = parser.addHelpOption();
-    const QCommandLineOption version = parser.addVersionOption();
+    parser.addHelpOption();
+    parser.addVersionOption();
     parser.addPositionalArgument(QStringLiteral("IMAGE"), QStringLiteral("The photo (default: a dragonfly)."),
                                  QStringLiteral("[IMAGE]"));
     const QCommandLineOption screenshot(
@@ -46,22 +48,15 @@ DemoOptions parseOptions(int argc, char* argv[])
                                                  "filters or adjust."),
                                   QStringLiteral("PAGE"));
     parser.addOptions({screenshot, size, page});
-    QStringList arguments;
-    for (int i = 0; i < argc; ++i)
-        arguments << QString::fromLocal8Bit(argv[i]);
-    const bool parsed = parser.parse(arguments);
-    if (!parsed || parser.isSet(help) || parser.isSet(version)) {
-        QCoreApplication app(argc, argv);
-        QCoreApplication::setApplicationVersion(ImageLogger::shared().moduleVersion());
-        if (!parsed) {
-            std::fprintf(stderr, "%s\n", qPrintable(parser.errorText()));
-            std::exit(64);
-        }
-        std::printf("%s", qPrintable(parser.isSet(help) ? parser.helpText()
-                                                        : QStringLiteral("quorvane-demo %1\n")
-                                                              .arg(QCoreApplication::applicationVersion())));
-        std::exit(0);
+    QCoreApplication::setApplicationVersion(ImageLogger::shared().moduleVersion());
+    if (!parser.parse(arguments)) {
+        std::fprintf(stderr, "%s\n", qPrintable(parser.errorText()));
+        std::exit(64);
     }
+    if (parser.isSet(QStringLiteral("help")))
+        parser.showHelp(0);
+    if (parser.isSet(QStringLiteral("version")))
+        parser.showVersion();
 
     DemoOptions options;
     options.image = parser.positionalArguments().value(0);
@@ -72,6 +67,16 @@ DemoOptions parseOptions(int argc, char* argv[])
     if (parts.size() == 2 && parts[0].toInt() > 0 && parts[1].toInt() > 0)
         options.size = QSize(parts[0].toInt(), parts[1].toInt());
     return options;
+}
+
+// The platform is chosen before the application exists, so this one option is looked for by hand.
+bool asksForScreenshot(int argc, char* argv[])
+{
+    for (int i = 1; i < argc; ++i) {
+        if (std::strcmp(argv[i], "--screenshot") == 0 || std::strncmp(argv[i], "--screenshot=", 13) == 0)
+            return true;
+    }
+    return false;
 }
 
 bool hasDisplay()
@@ -86,15 +91,16 @@ int main(int argc, char* argv[])
 {
     QElapsedTimer sinceStart;
     sinceStart.start();
-    DemoOptions options = parseOptions(argc, argv);
-    if (!hasDisplay())
-        options.takeScreenshot = true;
-    if (options.takeScreenshot) {
+    const bool offscreen = asksForScreenshot(argc, argv) || !hasDisplay();
+    if (offscreen)
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication app(argc, argv);
+    DemoOptions options = parseOptions(QCoreApplication::arguments());
+    if (offscreen) {
+        options.takeScreenshot = true;
         if (options.screenshot.isEmpty())
             options.screenshot = QStringLiteral("demo.png");
     }
-    QGuiApplication app(argc, argv);
 
     const QuorvaneSdkImageEditorPreset preset =
         options.image.isEmpty()

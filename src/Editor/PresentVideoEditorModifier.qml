@@ -1,4 +1,5 @@
 import QtQuick
+import QtQuick.Templates as T
 import Quorvane.SdkImage
 
 // Covers the whole window with a new editing session while the host's `isPresented` is true, wherever in
@@ -13,69 +14,52 @@ Item {
     /// The session's result, each time the user leaves the editor, as the editor screen hands it over.
     signal completion(quorvaneSdkImageEditorResult result)
 
-    readonly property Item window: Window.contentItem
     /// The editor screen shown (a QuorvaneSdkImageEditorView), or null while the cover is closed.
     readonly property Item editor: loader.item as Item
 
-    onIsPresentedChanged: modifier.isPresented ? cover.open() : cover.close()
-    Component.onCompleted: if (modifier.isPresented) cover.open()
-
-    FocusScope {
+    // A modal popup on the window's overlay: above everything the host shows, and neither a finger nor
+    // the Tab key reaches the host's controls under it.
+    T.Popup {
         id: cover
 
-        function open() {
-            // Every opening is a new session, even one that interrupts the cover sliding away.
-            loader.sourceComponent = null
-            loader.sourceComponent = editorScreen
-            slide.enabled = false
-            cover.y = cover.height
-            slide.enabled = true
-            cover.y = 0
-            cover.forceActiveFocus()
-        }
-        function close() {
-            cover.y = cover.height
-        }
+        parent: T.Overlay.overlay
+        width: parent ? parent.width : 0
+        height: parent ? parent.height : 0
+        padding: 0
+        modal: true
+        focus: true
+        closePolicy: T.Popup.NoAutoClose
+        visible: modifier.isPresented
 
-        parent: modifier.window ? modifier.window : modifier
-        width: parent.width
-        height: parent.height
-        // Above everything the host puts in its window.
-        z: 1e6
-        visible: loader.item !== null
-        focus: visible
-
-        Behavior on y {
-            id: slide
-            NumberAnimation {
-                duration: 250
-                easing.type: Easing.OutCubic
-                onRunningChanged: if (!running && !modifier.isPresented) loader.sourceComponent = null
-            }
+        // Every opening is a new session, even one that interrupts the cover sliding away.
+        onAboutToShow: {
+            loader.active = false
+            loader.active = true
         }
+        onClosed: loader.active = false
 
-        // Taps and wheels never reach the host under the cover.
-        MouseArea {
-            anchors.fill: parent
-            acceptedButtons: Qt.AllButtons
-            onWheel: (wheel) => wheel.accepted = true
+        enter: Transition {
+            NumberAnimation { property: "y"; from: cover.height; to: 0; duration: 250; easing.type: Easing.OutCubic }
+        }
+        exit: Transition {
+            NumberAnimation { property: "y"; from: 0; to: cover.height; duration: 250; easing.type: Easing.InCubic }
         }
 
         Loader {
             id: loader
             anchors.fill: parent
+            active: false
+            // Once the host takes the cover away, nothing on it answers any more.
+            enabled: modifier.isPresented
             focus: true
+            // Bound components stop Loader from creating anything on Qt 6.4, so the screen reaches the
+            // modifier by id.
+            // qmllint disable unqualified
+            sourceComponent: QuorvaneSdkImageEditorView {
+                preset: modifier.preset
+                onCompletion: (result) => modifier.completion(result)
+            }
+            // qmllint enable unqualified
         }
     }
-
-    // Bound components stop Loader from creating anything on Qt 6.4, so the screen reaches the modifier by id.
-    // qmllint disable unqualified
-    Component {
-        id: editorScreen
-        QuorvaneSdkImageEditorView {
-            preset: modifier.preset
-            onCompletion: (result) => modifier.completion(result)
-        }
-    }
-    // qmllint enable unqualified
 }

@@ -1,6 +1,7 @@
 #include "QuorvaneSdkImageEditorPresenter.h"
 
 #include "ModuleLog.h"
+#include "QuorvaneSdkImageEditorViewModel.h"
 
 #include <QGuiApplication>
 #include <QPointer>
@@ -27,20 +28,23 @@ public:
         setColor(Qt::black);
         setSource(QUrl(QStringLiteral(
             "qrc:/qt-project.org/imports/Quorvane/SdkImage/Editor/QuorvaneSdkImageEditorView.qml")));
-        if (QQuickItem* child = rootObject())
-            connect(child, SIGNAL(completion(QuorvaneSdkImageEditorResult)), this,
-                    SLOT(completed(QuorvaneSdkImageEditorResult)));
+        if (QQuickItem* child = rootObject()) {
+            m_session = child->property("viewModel").value<QuorvaneSdkImageEditorViewModel*>();
+            if (m_session)
+                connect(m_session, &QuorvaneSdkImageEditorViewModel::completion, this,
+                        &QuorvaneSdkImageEditorViewController::completed);
+        }
         reportContentOrientationChange(Qt::PortraitOrientation);
     }
 
-    bool hasChild() const { return rootObject() != nullptr; }
+    bool hasChild() const { return m_session != nullptr; }
 
     void setOnComplete(std::function<void(const QuorvaneSdkImageEditorResult&)> onComplete)
     {
         m_onComplete = std::move(onComplete);
     }
 
-    /// Slides the editor down and closes the window, then runs \a completion and deletes the window.
+    /// Slides the editor down and closes the window, then runs \a completion; the window is deleted after.
     void dismiss(std::function<void()> completion)
     {
         QQuickItem* child = rootObject();
@@ -53,22 +57,36 @@ public:
         slide->setEndValue(height());
         slide->setEasingCurve(QEasingCurve::InCubic);
         connect(slide, &QPropertyAnimation::finished, this, [this, completion = std::move(completion)] {
+            // The host's code may run an event loop of its own: nothing of ours is touched after it.
+            const auto done = completion;
             close();
-            if (completion)
-                completion();
             deleteLater();
+            if (done)
+                done();
         });
         slide->start(QAbstractAnimation::DeleteWhenStopped);
     }
 
-private slots:
-    void completed(const QuorvaneSdkImageEditorResult& result)
+protected:
+    bool event(QEvent* event) override
     {
-        if (m_onComplete)
-            m_onComplete(result);
+        // Closed by the window system (a close button, Alt+F4): the user left without an image.
+        if (event->type() == QEvent::Close && !m_dismissing) {
+            event->ignore();
+            completed(QuorvaneSdkImageEditorResult());
+            return true;
+        }
+        return QQuickView::event(event);
     }
 
 private:
+    void completed(const QuorvaneSdkImageEditorResult& result)
+    {
+        if (m_onComplete && !m_dismissing)
+            m_onComplete(result);
+    }
+
+    QPointer<QuorvaneSdkImageEditorViewModel> m_session;
     std::function<void(const QuorvaneSdkImageEditorResult&)> m_onComplete;
     bool m_dismissing = false;
 };
@@ -89,17 +107,24 @@ presentQuorvaneSdkImageEditorView(QWindow* host, const QuorvaneSdkImageEditorPre
         return nullptr;
     }
     const QPointer<QuorvaneSdkImageEditorViewController> editor(controller);
-    controller->setOnComplete([presenter, hasPresenter, editor, onComplete = std::move(onComplete)](
+    const auto hostIsThere = [presenter, hasPresenter] { return presenter || !hasPresenter; };
+    controller->setOnComplete([hostIsThere, editor, onComplete = std::move(onComplete)](
                                   const QuorvaneSdkImageEditorResult& result) {
-        if (!editor || (hasPresenter && !presenter))
+        if (!editor)
             return;
-        editor->dismiss([onComplete, result] {
-            if (onComplete)
+        if (!hostIsThere()) {
+            editor->deleteLater();
+            return;
+        }
+        // The host may go while the editor slides away: it is asked again at the end.
+        editor->dismiss([hostIsThere, onComplete, result] {
+            if (onComplete && hostIsThere())
                 onComplete(result);
         });
     });
     if (host) {
         controller->setTransientParent(host);
+        controller->setModality(Qt::WindowModal);
         // An editor left above a window that is gone could only drop its result: it goes with its host.
         QObject::connect(host, &QObject::destroyed, controller, &QObject::deleteLater);
     }

@@ -47,8 +47,15 @@ public:
     /// getResult() for QML: a null or undefined \a image means none.
     Q_INVOKABLE QuorvaneSdkImageEditorResult resultFor(const QVariant& image);
 
-    /// The error screen's "Accept": the session ends with an empty result.
-    Q_INVOKABLE void acceptError() { emit completion(getResult(std::nullopt)); }
+    /// The error screen's "Accept": the session ends with an empty result, once; later presses (a second
+    /// Return while the host takes the screen away) do nothing.
+    Q_INVOKABLE void acceptError()
+    {
+        if (m_errorAccepted)
+            return;
+        m_errorAccepted = true;
+        emit completion(getResult(std::nullopt));
+    }
 
     void classBegin() override;
     void componentComplete() override;
@@ -69,4 +76,5 @@ private:
     ImageEditorViewModel* m_editor = nullptr;
     bool m_started = false;
     bool m_declaredInQml = false;
+    bool m_errorAccepted = false;
 };

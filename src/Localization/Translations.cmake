@@ -2,15 +2,6 @@
 # files are refreshed from the sources with `cmake --build <build dir> --target update_translations`.
 find_package(Qt6 6.4 REQUIRED COMPONENTS LinguistTools)
 
-target_sources(QuorvaneSdkImage PRIVATE
-  Localization/QuorvaneSdkImageTranslations.h Localization/QuorvaneSdkImageTranslations.cpp)
-# The component's strict warnings were given to its sources before this one joined: it takes a sibling's.
-get_source_file_property(quorvane_strict_warnings Editor/QuorvaneSdkImage.cpp COMPILE_OPTIONS)
-if(quorvane_strict_warnings)
-  set_property(SOURCE Localization/QuorvaneSdkImageTranslations.cpp APPEND PROPERTY COMPILE_OPTIONS
-               ${quorvane_strict_warnings})
-endif()
-
 # lupdate is handed the component's own C++ and QML files by full path: left to itself it resolves the
 # target's sources against this file's folder and silently finds none.
 get_target_property(quorvane_target_sources QuorvaneSdkImage SOURCES)

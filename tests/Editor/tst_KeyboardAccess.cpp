@@ -224,10 +224,6 @@ private slots:
                                                  << "Rotate left" << Qt::Key_Escape << "base";
         QTest::newRow("Return on Text") << "canvas"
                                         << "Text" << Qt::Key_Return << "text entry";
-        QTest::newRow("Space on CANCEL of the text") << "text entry"
-                                                     << "CANCEL" << Qt::Key_Space << "canvas";
-        QTest::newRow("Return on CANCEL of filters") << "filters"
-                                                     << "CANCEL" << Qt::Key_Return << "base";
         QTest::newRow("Space on ACCEPT of adjust") << "adjust"
                                                    << "ACCEPT" << Qt::Key_Space << "base";
         QTest::newRow("Space on the alert") << "error"

