@@ -41,9 +41,14 @@ function(quorvane_install_package)
     RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
     OBJECTS DESTINATION ${CMAKE_INSTALL_LIBDIR}/QuorvaneSdkImage/objects)
   install(FILES ${QUORVANE_PUBLIC_HEADERS} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/QuorvaneSdkImage)
+  # For a host's QML tooling only (qmllint, the QML compiler, an IDE): at run time the module comes from the
+  # component's resources.
+  install(DIRECTORY ${PROJECT_BINARY_DIR}/qml/Quorvane/SdkImage/ DESTINATION ${CMAKE_INSTALL_LIBDIR}/qml/Quorvane/SdkImage
+          FILES_MATCHING PATTERN "qmldir" PATTERN "*.qmltypes" PATTERN "*.qml")
   install(EXPORT QuorvaneSdkImageTargets NAMESPACE Quorvane:: DESTINATION ${destination})
   configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/QuorvaneSdkImageConfig.cmake.in
-    ${PROJECT_BINARY_DIR}/QuorvaneSdkImageConfig.cmake INSTALL_DESTINATION ${destination})
+    ${PROJECT_BINARY_DIR}/QuorvaneSdkImageConfig.cmake INSTALL_DESTINATION ${destination}
+    PATH_VARS CMAKE_INSTALL_LIBDIR)
   write_basic_package_version_file(${PROJECT_BINARY_DIR}/QuorvaneSdkImageConfigVersion.cmake
     VERSION ${PROJECT_VERSION} COMPATIBILITY SameMinorVersion)
   install(FILES ${PROJECT_BINARY_DIR}/QuorvaneSdkImageConfig.cmake

@@ -5,8 +5,8 @@ import Quorvane.SdkImage
 ApplicationWindow {
     id: window
 
-    required property url photo
-    property bool editing: photo.toString() !== ""
+    required property string photo
+    property bool editing: photo !== ""
     property string saved: ""
 
     width: 390
@@ -18,7 +18,7 @@ ApplicationWindow {
         spacing: 16
         Button {
             text: "Edit photo"
-            enabled: window.photo.toString() !== ""
+            enabled: window.photo !== ""
             onClicked: window.editing = true
         }
         Label { text: window.saved }

@@ -11,7 +11,8 @@ int main(int argc, char* argv[])
     const QString photo = app.arguments().value(1);
     engine.setInitialProperties(
         {{QStringLiteral("photo"),
-          photo.isEmpty() ? QUrl() : QUrl::fromLocalFile(QFileInfo(photo).absoluteFilePath())}});
+          photo.isEmpty() ? QString()
+                          : QUrl::fromLocalFile(QFileInfo(photo).absoluteFilePath()).toString()}});
     engine.load(QUrl(QStringLiteral("qrc:/QmlHost/Main.qml")));
     return engine.rootObjects().isEmpty() ? 1 : app.exec();
 }
