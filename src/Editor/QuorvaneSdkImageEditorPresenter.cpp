@@ -1,5 +1,6 @@
 #include "QuorvaneSdkImageEditorPresenter.h"
 
+#include "Editor/Helpers/ModuleResources.h"
 #include "ModuleLog.h"
 #include "QuorvaneSdkImageEditorViewModel.h"
 
@@ -26,8 +27,7 @@ public:
         setInitialProperties({{QStringLiteral("preset"), QVariant::fromValue(preset)}});
         setResizeMode(QQuickView::SizeRootObjectToView);
         setColor(Qt::black);
-        setSource(QUrl(QStringLiteral(
-            "qrc:/qt-project.org/imports/Quorvane/SdkImage/Editor/QuorvaneSdkImageEditorView.qml")));
+        setSource(ModuleResources::url(QStringLiteral("Editor/QuorvaneSdkImageEditorView.qml")));
         if (QQuickItem* child = rootObject()) {
             m_session = child->property("viewModel").value<QuorvaneSdkImageEditorViewModel*>();
             if (m_session)
@@ -106,12 +106,11 @@ presentQuorvaneSdkImageEditorView(QWindow* host, const QuorvaneSdkImageEditorPre
         delete controller;
         return nullptr;
     }
-    const QPointer<QuorvaneSdkImageEditorViewController> editor(controller);
     const auto hostIsThere = [presenter, hasPresenter] { return presenter || !hasPresenter; };
+    // The editor holds this callback, so it is there whenever the callback runs.
+    QuorvaneSdkImageEditorViewController* editor = controller;
     controller->setOnComplete([hostIsThere, editor, onComplete = std::move(onComplete)](
                                   const QuorvaneSdkImageEditorResult& result) {
-        if (!editor)
-            return;
         if (!hostIsThere()) {
             editor->deleteLater();
             return;

@@ -1,6 +1,5 @@
 # The component's texts in six languages, compiled into its resources under /quorvane/sdkimage/i18n. The .ts
 # files are refreshed from the sources with `cmake --build <build dir> --target update_translations`.
-find_package(Qt6 6.4 REQUIRED COMPONENTS LinguistTools)
 
 # lupdate is handed the component's own C++ and QML files by full path: left to itself it resolves the
 # target's sources against this file's folder and silently finds none.

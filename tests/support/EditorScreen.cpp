@@ -1,5 +1,6 @@
 #include "EditorScreen.h"
 
+#include "Editor/Helpers/ModuleResources.h"
 #include "Editor/QuorvaneSdkImageEditorViewModel.h"
 
 #include <QQmlEngine>
@@ -17,8 +18,7 @@ EditorScreen::EditorScreen(const QuorvaneSdkImageEditorPreset& preset, QSize siz
     m_view.setInitialProperties({{QStringLiteral("preset"), QVariant::fromValue(preset)}});
     m_view.setResizeMode(QQuickView::SizeRootObjectToView);
     m_view.resize(size);
-    m_view.setSource(QUrl(QStringLiteral(
-        "qrc:/qt-project.org/imports/Quorvane/SdkImage/Editor/QuorvaneSdkImageEditorView.qml")));
+    m_view.setSource(ModuleResources::url(QStringLiteral("Editor/QuorvaneSdkImageEditorView.qml")));
     m_view.show();
     QObject* root = m_view.rootObject();
     if (!QTest::qWaitForWindowExposed(&m_view) || !root)

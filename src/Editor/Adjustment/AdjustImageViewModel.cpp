@@ -1,6 +1,7 @@
 #include "AdjustImageViewModel.h"
 
 #include "Editor/Helpers/ImageHelpers.h"
+#include "Editor/Helpers/ModuleResources.h"
 #include "ModuleLog.h"
 
 #include <QPainter>
@@ -85,8 +86,7 @@ std::optional<QImage> AdjustImageViewModel::applyAdjustment() const
 QImage AdjustImageViewModel::symbolImage(const QString& name, qreal points)
 {
     QSvgRenderer renderer(
-        QStringLiteral(":/qt-project.org/imports/Quorvane/SdkImage/Editor/Adjustment/Symbols/%1.svg")
-            .arg(name));
+        ModuleResources::path(QStringLiteral("Editor/Adjustment/Symbols/%1.svg").arg(name)));
     if (!renderer.isValid()) {
         qCCritical(quorvaneSdkImage,
                    "AdjustImageViewModel: the symbol \"%s\" is not in the component's resources",

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Editor/Helpers/ModuleResources.h"
+
 #include <QObject>
 #include <QString>
 #include <QtQml/qqmlregistration.h>
@@ -36,8 +38,7 @@ public:
     /// The resource path of the icon \a name.
     static QString path(const char* name)
     {
-        return QStringLiteral(":/qt-project.org/imports/Quorvane/SdkImage/Editor/Common/Icons/%1.svg")
-            .arg(QLatin1String(name));
+        return ModuleResources::path(QStringLiteral("Editor/Common/Icons/%1.svg").arg(QLatin1String(name)));
     }
 
     static QString back() { return path("back"); }
