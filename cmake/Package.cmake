@@ -19,6 +19,7 @@ set(QUORVANE_PUBLIC_HEADERS
   ${PROJECT_SOURCE_DIR}/src/Editor/QuorvaneSdkImageEditorPreset.h
   ${PROJECT_SOURCE_DIR}/src/Editor/QuorvaneSdkImageEditorResult.h
   ${PROJECT_SOURCE_DIR}/src/Editor/QuorvaneSdkImageOutputFormat.h
+  ${PROJECT_SOURCE_DIR}/src/Editor/QuorvaneSdkImageMetadataPolicy.h
   ${PROJECT_SOURCE_DIR}/src/Error/QuorvaneSdkImageError.h
   ${PROJECT_SOURCE_DIR}/src/Localization/QuorvaneSdkImageTranslations.h
   ${PROJECT_SOURCE_DIR}/src/SharedQuorvaneSdk/SharedQuorvaneSdkCommon.h

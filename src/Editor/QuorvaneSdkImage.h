@@ -24,12 +24,14 @@ public:
 
     /// A preset that loads \a imageURL. An empty \a outputURL lets the editor name a new file in Documents;
     /// an empty or non-finite \a newSize keeps the image's size. A file of more than \a maxImagePixels pixels
-    /// is not loaded (the error screen shows instead).
+    /// is not loaded (the error screen shows instead). The written file keeps the photo's date, camera and
+    /// exposure, its location only with \a keepLocation, and no metadata at all with \a stripMetadata.
     Q_INVOKABLE QuorvaneSdkImageEditorPreset presetFromImageUrl(
         const QUrl& imageURL,
         const QuorvaneSdkImageOutputFormat& outputFormat = QuorvaneSdkImageOutputFormat::jpg(100),
         const QUrl& outputURL = QUrl(), const QSizeF& newSize = QSizeF(),
-        qint64 maxImagePixels = QuorvaneSdkImageEditorPreset::kDefaultMaxImagePixels) const;
+        qint64 maxImagePixels = QuorvaneSdkImageEditorPreset::kDefaultMaxImagePixels,
+        bool keepLocation = false, bool stripMetadata = false) const;
 
     /// Switches the component's texts to \a localeName ("de", "pt_BR", "ja-JP"); open screens follow. False
     /// when the component has no translation for it (its texts then show in English).

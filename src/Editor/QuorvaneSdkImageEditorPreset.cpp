@@ -3,6 +3,7 @@
 #include "Helpers/Finite.h"
 #include "Helpers/ImageHelpers.h"
 #include "Helpers/ImageLoader.h"
+#include "Helpers/PhotoMetadata.h"
 
 namespace {
 
@@ -22,6 +23,7 @@ QuorvaneSdkImageEditorPreset::QuorvaneSdkImageEditorPreset(const QImage& image,
     , m_outputFormat(outputFormat)
     , m_outputURL(std::move(outputURL))
     , m_newSize(finiteOrNone(newSize))
+    , m_metadata(std::make_shared<const PhotoMetadata>(photoMetadataOf(image)))
 {}
 
 QuorvaneSdkImageEditorPreset::QuorvaneSdkImageEditorPreset(const QUrl& imageURL,
@@ -40,4 +42,11 @@ QuorvaneSdkImageEditorPreset::QuorvaneSdkImageEditorPreset(const QUrl& imageURL,
     ImageLoadResult loaded = loadImageFile(imageURL.toLocalFile(), maxImagePixels);
     m_image = std::move(loaded.image);
     m_loadFailure = std::move(loaded.failure);
+    m_metadata = std::make_shared<const PhotoMetadata>(std::move(loaded.metadata));
+}
+
+const PhotoMetadata& QuorvaneSdkImageEditorPreset::metadata() const
+{
+    static const PhotoMetadata kNone;
+    return m_metadata ? *m_metadata : kNone;
 }

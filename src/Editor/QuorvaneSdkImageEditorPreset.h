@@ -1,11 +1,15 @@
 #pragma once
 
+#include "QuorvaneSdkImageMetadataPolicy.h"
 #include "QuorvaneSdkImageOutputFormat.h"
 
 #include <QImage>
 #include <QSizeF>
 #include <QUrl>
+#include <memory>
 #include <optional>
+
+struct PhotoMetadata;
 
 /// What a host hands the editor: the picture, how to encode the result, where to write it and an optional
 /// size to resize it to (a size that is not finite counts as none).
@@ -40,6 +44,13 @@ public:
     const std::optional<QUrl>& outputURL() const { return m_outputURL; }
     const std::optional<QSizeF>& newSize() const { return m_newSize; }
 
+    /// Which of the photo's metadata the written file carries; the default keeps no location.
+    QuorvaneSdkImageMetadataPolicy metadataPolicy() const { return m_metadataPolicy; }
+    void setMetadataPolicy(const QuorvaneSdkImageMetadataPolicy& policy) { m_metadataPolicy = policy; }
+
+    /// What the photo carried besides its pixels (its colour profile, its EXIF), for the saved copy.
+    const PhotoMetadata& metadata() const;
+
     bool hasImage() const { return m_image.has_value(); }
     /// Why the image could not be loaded; empty when it was, or when the preset was built from an image.
     QString loadFailure() const { return m_loadFailure; }
@@ -50,4 +61,6 @@ private:
     std::optional<QUrl> m_outputURL;
     std::optional<QSizeF> m_newSize;
     QString m_loadFailure;
+    QuorvaneSdkImageMetadataPolicy m_metadataPolicy;
+    std::shared_ptr<const PhotoMetadata> m_metadata;
 };

@@ -56,7 +56,8 @@ QuorvaneSdkImageEditorResult QuorvaneSdkImageEditorViewModel::getResult(const st
     }
     std::optional<QUrl> url;
     try {
-        url = m_imageSaver->save(resultImage, m_preset.outputFormat(), m_preset.outputURL());
+        url = m_imageSaver->save(resultImage, m_preset.outputFormat(), m_preset.outputURL(),
+                                 m_preset.metadata(), m_preset.metadataPolicy());
     } catch (const QuorvaneSdkImageError&) {
         // Already logged by the saver; the host still gets the image.
     }

@@ -18,10 +18,11 @@ class RecordingImageSaver final : public ImageSaver
 {
 public:
     QUrl save(const QImage& image, const QuorvaneSdkImageOutputFormat& outputFormat,
-              const std::optional<QUrl>& outputURL) override
+              const std::optional<QUrl>& outputURL, const PhotoMetadata& metadata,
+              const QuorvaneSdkImageMetadataPolicy& policy) override
     {
         try {
-            return m_saver.save(image, outputFormat, outputURL);
+            return m_saver.save(image, outputFormat, outputURL, metadata, policy);
         } catch (const QuorvaneSdkImageError& error) {
             failure = error;
             throw;
@@ -98,6 +99,7 @@ QString usageText()
         "                           [--flip-vertical]\n"
         "                           [--color WARM,LUMINOSITY,EXPOSURE,SATURATION,TINT [--engine cpu|gpu]]\n"
         "                           [--resize WxH] [--format jpg[:QUALITY]|png] [--output PATH]\n"
+        "                           [--keep-location | --strip-metadata]\n"
         "       quorvane-image --help | --version\n");
 }
 
@@ -136,7 +138,15 @@ std::variant<EditOptions, UsageError, InfoRequest> parseEditCommand(const QStrin
     const QCommandLineOption output(QStringLiteral("output"),
                                     QStringLiteral("Where to write; a new file in Documents when absent."),
                                     QStringLiteral("PATH"));
-    parser.addOptions({crop, rotate, flipHorizontal, flipVertical, color, engine, resize, format, output});
+    const QCommandLineOption keepLocation(
+        QStringLiteral("keep-location"),
+        QStringLiteral("Keeps the photo's GPS location, which is left out by default (date, camera, lens and "
+                       "exposure are kept)."));
+    const QCommandLineOption stripMetadata(
+        QStringLiteral("strip-metadata"),
+        QStringLiteral("Writes no EXIF at all; the colour profile is still kept."));
+    parser.addOptions({crop, rotate, flipHorizontal, flipVertical, color, engine, resize, format, output,
+                       keepLocation, stripMetadata});
 
     // The program's name is not among the arguments; the parser expects it first.
     if (!parser.parse(QStringList{QStringLiteral("quorvane-image")} + arguments))
@@ -199,6 +209,10 @@ std::variant<EditOptions, UsageError, InfoRequest> parseEditCommand(const QStrin
     }
     if (parser.isSet(output))
         options.output = parser.value(output);
+    if (parser.isSet(keepLocation) && parser.isSet(stripMetadata))
+        return UsageError{
+            QStringLiteral("--keep-location and --strip-metadata contradict each other; give one.")};
+    options.metadata = {parser.isSet(keepLocation), parser.isSet(stripMetadata)};
     return options;
 }
 
@@ -207,9 +221,9 @@ int runEditCommand(const EditOptions& options, QTextStream& out, QTextStream& er
     std::optional<QUrl> outputURL;
     if (options.output)
         outputURL = QUrl::fromLocalFile(QFileInfo(*options.output).absoluteFilePath());
-    const QuorvaneSdkImageEditorPreset preset(
-        QUrl::fromLocalFile(QFileInfo(options.input).absoluteFilePath()), options.format, outputURL,
-        options.resize);
+    QuorvaneSdkImageEditorPreset preset(QUrl::fromLocalFile(QFileInfo(options.input).absoluteFilePath()),
+                                        options.format, outputURL, options.resize);
+    preset.setMetadataPolicy(options.metadata);
     if (!preset.hasImage()) {
         err << "Cannot load the input image: " << preset.loadFailure() << "\n";
         return QuorvaneSdkImageError::invalidFile;

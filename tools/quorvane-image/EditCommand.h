@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Editor/Filters/FiltersManager.h"
+#include "Editor/QuorvaneSdkImageMetadataPolicy.h"
 #include "Editor/QuorvaneSdkImageOutputFormat.h"
 
 #include <QRect>
@@ -13,7 +14,8 @@
 
 /// `quorvane-image edit INPUT [--crop X,Y,W,H] [--rotate DEGREES] [--flip-horizontal] [--flip-vertical]
 ///                       [--color WARM,LUMINOSITY,EXPOSURE,SATURATION,TINT [--engine cpu|gpu]]
-///                       [--resize WxH] [--format jpg[:QUALITY]|png] [--output PATH]`
+///                       [--resize WxH] [--format jpg[:QUALITY]|png] [--output PATH]
+///                       [--keep-location | --strip-metadata]`
 struct EditOptions
 {
     QString input;
@@ -29,6 +31,7 @@ struct EditOptions
     std::optional<QSizeF> resize;
     QuorvaneSdkImageOutputFormat format = QuorvaneSdkImageOutputFormat::jpg(100);
     std::optional<QString> output;
+    QuorvaneSdkImageMetadataPolicy metadata;
 };
 
 struct UsageError

@@ -269,7 +269,7 @@ std::optional<QImage> cutRotatedAndMirrored(const QImage& image, const QRect& pi
         return result;
     }
 
-    QImage result = newImage(canvas.pixels, QImage::Format_ARGB32_Premultiplied);
+    QImage result = newImage(canvas.pixels, drawingFormat(image));
     if (result.isNull())
         return std::nullopt;
     keepMetadata(result, image);

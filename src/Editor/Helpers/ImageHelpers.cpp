@@ -60,9 +60,24 @@ QImage newImage(QSize size, QImage::Format format)
 #endif
 }
 
+QImage::Format drawingFormat(const QImage& image)
+{
+    switch (image.format()) {
+    case QImage::Format_RGBX64:
+    case QImage::Format_RGBA64:
+    case QImage::Format_RGBA64_Premultiplied:
+    case QImage::Format_Grayscale16:
+        return QImage::Format_RGBA64_Premultiplied;
+    default:
+        return QImage::Format_ARGB32_Premultiplied;
+    }
+}
+
 QImage premultipliedCopy(const QImage& image)
 {
     const QImage::Format format = image.format();
+    if (drawingFormat(image) != QImage::Format_ARGB32_Premultiplied)
+        return image.convertToFormat(QImage::Format_RGBA64_Premultiplied);
     if (format != QImage::Format_RGB32 && format != QImage::Format_ARGB32_Premultiplied)
         return image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
     QImage copy = newImage(image.size(), QImage::Format_ARGB32_Premultiplied);
@@ -123,7 +138,7 @@ std::optional<QImage> redrawnAtScreenScale(const QImage& image)
             return std::nullopt;
         return copy;
     }
-    QImage canvas(*pixels, QImage::Format_ARGB32_Premultiplied);
+    QImage canvas(*pixels, drawingFormat(image));
     if (canvas.isNull())
         return std::nullopt;
     canvas.fill(Qt::transparent);

@@ -25,8 +25,12 @@ std::optional<QImage> resized(const QImage& image, QSizeF size);
 /// it cannot be allocated.
 QImage newImage(QSize size, QImage::Format format);
 
-/// A copy of \a image in Format_ARGB32_Premultiplied that owns its pixels, ready to be drawn on; null when it
-/// cannot be allocated.
+/// The premultiplied format that drawing over \a image keeps its precision in: 16 bits a channel for 16-bit
+/// images, Format_ARGB32_Premultiplied for the rest.
+QImage::Format drawingFormat(const QImage& image);
+
+/// A copy of \a image in its drawingFormat() that owns its pixels, ready to be drawn on; null when it cannot
+/// be allocated.
 QImage premultipliedCopy(const QImage& image);
 
 /// Gives \a image the scale, colour space, resolution and text of \a source: what a new buffer holding the

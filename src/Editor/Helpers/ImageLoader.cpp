@@ -123,6 +123,13 @@ private:
     int m_previous;
 };
 
+ImageLoadResult failed(QString why)
+{
+    ImageLoadResult result;
+    result.failure = std::move(why);
+    return result;
+}
+
 } // namespace
 
 bool jpegStreamIsComplete(QByteArrayView bytes)
@@ -167,29 +174,28 @@ bool jpegStreamIsComplete(QByteArrayView bytes)
 ImageLoadResult loadImageFile(const QString& path, qint64 maxPixels)
 {
     if (maxPixels < 1)
-        return {std::nullopt, QStringLiteral("No image fits a pixel limit of %1.").arg(maxPixels)};
+        return failed(QStringLiteral("No image fits a pixel limit of %1.").arg(maxPixels));
     // Far beyond any bitmap, and keeps the byte arithmetic below within range.
     maxPixels = std::min<qint64>(maxPixels, qint64(1) << 40);
     const QFileInfo info(path);
     if (!info.exists())
-        return {std::nullopt, sentence(path, QStringLiteral("does not exist."))};
+        return failed(sentence(path, QStringLiteral("does not exist.")));
     if (!info.isFile())
-        return {std::nullopt, sentence(path, QStringLiteral("is not a regular file."))};
+        return failed(sentence(path, QStringLiteral("is not a regular file.")));
     if (info.size() == 0)
-        return {std::nullopt, sentence(path, QStringLiteral("is empty."))};
+        return failed(sentence(path, QStringLiteral("is empty.")));
 
     // Read, not mapped: a file cut short by another process while it is decoded must fail the load, not
     // bring the host down. No honest file of the allowed size is larger than its pixels at 8 bytes each.
     const qint64 maxFileBytes = maxPixels * 8 + 16 * 1024 * 1024;
     if (info.size() > maxFileBytes)
-        return {std::nullopt,
-                sentence(path, QStringLiteral("is larger than any image within the pixel limit."))};
+        return failed(sentence(path, QStringLiteral("is larger than any image within the pixel limit.")));
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        return {std::nullopt, sentence(path, QStringLiteral("cannot be read: %1.").arg(file.errorString()))};
+        return failed(sentence(path, QStringLiteral("cannot be read: %1.").arg(file.errorString())));
     const QByteArray bytes = file.read(info.size());
     if (bytes.isEmpty())
-        return {std::nullopt, sentence(path, QStringLiteral("cannot be read: %1.").arg(file.errorString()))};
+        return failed(sentence(path, QStringLiteral("cannot be read: %1.").arg(file.errorString())));
 
     QBuffer buffer;
     buffer.setData(bytes);
@@ -198,28 +204,26 @@ ImageLoadResult loadImageFile(const QString& path, qint64 maxPixels)
     reader.setAutoTransform(true);
     reader.setDecideFormatFromContent(true);
     if (!reader.canRead())
-        return {std::nullopt,
-                sentence(path, QStringLiteral("is not an image in a format that can be read."))};
+        return failed(sentence(path, QStringLiteral("is not an image in a format that can be read.")));
 
     // MNG is a language of frames, loops, clones and magnifications that its decoder allocates for outside
     // Qt's allocation limit: no header tells what a file will cost.
     if (reader.format() == "mng")
-        return {std::nullopt, sentence(path, QStringLiteral("is an MNG animation, which is not opened: its "
-                                                            "decoder's memory use cannot be bounded."))};
+        return failed(sentence(path, QStringLiteral("is an MNG animation, which is not opened: its "
+                                                    "decoder's memory use cannot be bounded.")));
     const QSize declared = reader.size();
     QSize largest = sizeInHeaders(bytes);
     if (declared.isValid())
         grow(largest, declared.width(), declared.height());
     // A file must tell its size before anything is allocated for it.
     if (!largest.isValid())
-        return {std::nullopt,
-                sentence(path, QStringLiteral("could not be decoded: its header does not tell its size."))};
+        return failed(
+            sentence(path, QStringLiteral("could not be decoded: its header does not tell its size.")));
     if (qint64(largest.width()) * largest.height() > maxPixels) {
-        return {std::nullopt,
-                sentence(path, QStringLiteral("declares %1×%2 pixels, more than the limit of %3.")
-                                   .arg(largest.width())
-                                   .arg(largest.height())
-                                   .arg(maxPixels))};
+        return failed(sentence(path, QStringLiteral("declares %1×%2 pixels, more than the limit of %3.")
+                                         .arg(largest.width())
+                                         .arg(largest.height())
+                                         .arg(maxPixels)));
     }
     // Against decoders that allocate more than their file declared: the limit's pixels in the format the
     // decoder announces, and never fewer than 4 bytes each, which palette and grey files may still expand to.
@@ -232,7 +236,7 @@ ImageLoadResult loadImageFile(const QString& path, qint64 maxPixels)
     const qint64 limitMiB = std::max<qint64>(1, (maxPixels * bytesPerPixel + (1 << 20) - 1) >> 20);
 
     if (reader.format() == "jpeg" && !jpegStreamIsComplete(bytes))
-        return {std::nullopt, sentence(path, QStringLiteral("is a truncated or damaged JPEG file."))};
+        return failed(sentence(path, QStringLiteral("is a truncated or damaged JPEG file.")));
 
     // Decoders fill an image of the right size and format that they are handed, so a photo lands straight in
     // a buffer that is cheap to fault in; a turned photo is replaced by its upright copy, so it gets none.
@@ -245,14 +249,13 @@ ImageLoadResult loadImageFile(const QString& path, qint64 maxPixels)
         read = reader.read(&image);
     }
     if (!read || image.isNull()) {
-        return {std::nullopt,
-                sentence(path, QStringLiteral("could not be decoded: %1.").arg(reader.errorString()))};
+        return failed(sentence(path, QStringLiteral("could not be decoded: %1.").arg(reader.errorString())));
     }
     if (qint64(image.width()) * image.height() > maxPixels) {
-        return {std::nullopt, sentence(path, QStringLiteral("holds %1×%2 pixels, more than the limit of %3.")
-                                                 .arg(image.width())
-                                                 .arg(image.height())
-                                                 .arg(maxPixels))};
+        return failed(sentence(path, QStringLiteral("holds %1×%2 pixels, more than the limit of %3.")
+                                         .arg(image.width())
+                                         .arg(image.height())
+                                         .arg(maxPixels)));
     }
-    return {std::move(image), QString()};
+    return {std::move(image), QString(), readPhotoMetadata(bytes)};
 }

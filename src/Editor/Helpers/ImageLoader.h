@@ -1,5 +1,7 @@
 #pragma once
 
+#include "PhotoMetadata.h"
+
 #include <QByteArrayView>
 #include <QImage>
 #include <QString>
@@ -10,6 +12,8 @@ struct ImageLoadResult
     std::optional<QImage> image;
     /// One sentence saying why there is no image; empty on success.
     QString failure;
+    /// What the file carries besides its pixels.
+    PhotoMetadata metadata;
 };
 
 /// Decodes the image file at \a path upright (EXIF orientation applied). Files that are missing, not

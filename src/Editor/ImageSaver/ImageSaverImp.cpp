@@ -1,7 +1,10 @@
 #include "ImageSaverImp.h"
 
 #include "Error/QuorvaneSdkImageError.h"
+#include "ExifExport.h"
+#include "JpegMetadata.h"
 #include "Logger/ImageLogger.h"
+#include "Logger/ModuleLog.h"
 #include "PngEncoder.h"
 
 #include <QBuffer>
@@ -20,6 +23,20 @@ QString fileExtension(const QuorvaneSdkImageOutputFormat& format)
 {
     return format.kind() == QuorvaneSdkImageOutputFormat::Kind::png ? QStringLiteral("png")
                                                                     : QStringLiteral("jpg");
+}
+
+// The profile goes with the pixels it describes: a grey profile never tags colour pixels.
+QByteArray fittingProfile(const QImage& image, const QByteArray& profile)
+{
+    if (profile.isEmpty())
+        return {};
+    const bool grey =
+        image.format() == QImage::Format_Grayscale8 || image.format() == QImage::Format_Grayscale16;
+    if (iccProfileFits(profile, grey))
+        return profile;
+    qCWarning(quorvaneSdkImage, "The photo's colour profile is damaged or does not describe the edited "
+                                "pixels; the copy is written without it.");
+    return {};
 }
 
 std::optional<QByteArray> encodeJpeg(const QImage& image, int compressionQuality)
@@ -46,9 +63,10 @@ QUrl outputURL(const QString& name, const QString& fileExtension)
 }
 
 QUrl ImageSaverImp::save(const QImage& image, const QuorvaneSdkImageOutputFormat& outputFormat,
-                         const std::optional<QUrl>& outputURL)
+                         const std::optional<QUrl>& outputURL, const PhotoMetadata& metadata,
+                         const QuorvaneSdkImageMetadataPolicy& policy)
 {
-    const std::optional<QByteArray> data = getCompressImageData(image, outputFormat);
+    const std::optional<QByteArray> data = getCompressImageData(image, outputFormat, metadata, policy);
     if (!data) {
         ImageLogger::shared().log(kTag, QStringLiteral("compress image failed"),
                                   SharedQuorvaneSdkLogSeverity::error);
@@ -66,15 +84,28 @@ QUrl ImageSaverImp::save(const QImage& image, const QuorvaneSdkImageOutputFormat
 }
 
 std::optional<QByteArray>
-ImageSaverImp::getCompressImageData(const QImage& image, const QuorvaneSdkImageOutputFormat& outputFormat)
+ImageSaverImp::getCompressImageData(const QImage& image, const QuorvaneSdkImageOutputFormat& outputFormat,
+                                    const PhotoMetadata& metadata,
+                                    const QuorvaneSdkImageMetadataPolicy& policy)
 {
     if (image.isNull())
         return std::nullopt;
+    const QByteArray software = "Quorvane SDK Image " + ImageLogger::shared().moduleVersion().toUtf8();
+    const ExifExport exif = exportedExif(metadata.exif, policy, image.size(), software,
+                                         outputFormat.kind() == QuorvaneSdkImageOutputFormat::Kind::jpg);
+    if (metadata.damaged || exif.damaged)
+        qCWarning(quorvaneSdkImage, "Part of the photo's metadata could not be read; the copy is written "
+                                    "without it.");
+    const QByteArray profile = fittingProfile(image, metadata.iccProfile);
     switch (outputFormat.kind()) {
-    case QuorvaneSdkImageOutputFormat::Kind::jpg:
-        return encodeJpeg(image, outputFormat.compressionQuality());
+    case QuorvaneSdkImageOutputFormat::Kind::jpg: {
+        const auto jpeg = encodeJpeg(image, outputFormat.compressionQuality());
+        if (!jpeg)
+            return std::nullopt;
+        return withJpegMetadata(*jpeg, exif.tiff, profile);
+    }
     case QuorvaneSdkImageOutputFormat::Kind::png:
-        return encodePng(image);
+        return encodePng(image, profile, exif.tiff);
     }
     return std::nullopt;
 }

@@ -3,12 +3,14 @@
 #include "HuffmanDeflate.h"
 
 #include <QColorSpace>
+#include <QtEndian>
 
 #include <zlib.h>
 
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <functional>
 #include <vector>
 
 namespace {
@@ -16,6 +18,7 @@ namespace {
 // With the "up" filter, a photograph's bytes cluster near zero, which Huffman codes alone compress well.
 constexpr uchar kFilterUp = 2;
 constexpr qsizetype kBlockBytes = qsizetype(1) << 17;
+constexpr uchar kColourGrey = 0;
 constexpr uchar kColourRgb = 2;
 constexpr uchar kColourRgba = 6;
 
@@ -43,6 +46,20 @@ void appendChunk(QByteArray& png, const char type[4], const uchar* data, quint32
     png.append(reinterpret_cast<const char*>(trailer.data()), 4);
 }
 
+void appendIccProfile(QByteArray& png, QByteArrayView profile)
+{
+    static constexpr char kName[] = "ICC profile";
+    constexpr size_t kHeader = sizeof(kName) + 1; // the name, its terminating zero, the method byte
+    uLongf packed = compressBound(uLong(profile.size()));
+    std::vector<uchar> chunk(kHeader + packed);
+    std::memcpy(chunk.data(), kName, sizeof(kName));
+    chunk[sizeof(kName)] = 0; // zlib
+    if (compress2(chunk.data() + kHeader, &packed, reinterpret_cast<const Bytef*>(profile.data()),
+                  uLong(profile.size()), Z_BEST_COMPRESSION) != Z_OK)
+        return;
+    appendChunk(png, "iCCP", chunk.data(), quint32(kHeader + packed));
+}
+
 // Tags the pixels with their colour space, so a wide-gamut photo keeps its colours in colour-managed viewers.
 void appendColourSpace(QByteArray& png, const QColorSpace& space)
 {
@@ -54,18 +71,8 @@ void appendColourSpace(QByteArray& png, const QColorSpace& space)
         return;
     }
     const QByteArray profile = space.iccProfile();
-    if (profile.isEmpty())
-        return;
-    static constexpr char kName[] = "ICC profile";
-    constexpr size_t kHeader = sizeof(kName) + 1; // the name, its terminating zero, the method byte
-    uLongf packed = compressBound(uLong(profile.size()));
-    std::vector<uchar> chunk(kHeader + packed);
-    std::memcpy(chunk.data(), kName, sizeof(kName));
-    chunk[sizeof(kName)] = 0; // zlib
-    if (compress2(chunk.data() + kHeader, &packed, reinterpret_cast<const Bytef*>(profile.constData()),
-                  uLong(profile.size()), Z_BEST_COMPRESSION) != Z_OK)
-        return;
-    appendChunk(png, "iCCP", chunk.data(), quint32(kHeader + packed));
+    if (!profile.isEmpty())
+        appendIccProfile(png, profile);
 }
 
 bool isOpaque32(const QImage& image)
@@ -81,14 +88,34 @@ bool isOpaque32(const QImage& image)
     return true;
 }
 
+bool isOpaque64(const QImage& image)
+{
+    for (int y = 0; y < image.height(); ++y) {
+        const auto* row = reinterpret_cast<const QRgba64*>(image.constScanLine(y));
+        quint16 all = 0xFFFF;
+        for (int x = 0; x < image.width(); ++x)
+            all &= row[x].alpha();
+        if (all != 0xFFFF)
+            return false;
+    }
+    return true;
+}
+
 bool isFormat32(QImage::Format format)
 {
     return format == QImage::Format_RGB32 || format == QImage::Format_ARGB32 ||
            format == QImage::Format_ARGB32_Premultiplied;
 }
 
-// Yields each row as packed 8-bit RGB or RGBA bytes. Other formats are converted a band of rows at a time:
-// a converted copy of the whole picture would cost as much memory as the picture.
+bool isFormat64(QImage::Format format)
+{
+    return format == QImage::Format_RGBX64 || format == QImage::Format_RGBA64 ||
+           format == QImage::Format_RGBA64_Premultiplied;
+}
+
+// Yields each row as packed PNG samples: 8-bit grey, RGB or RGBA, or their 16-bit forms (big-endian) for
+// 16-bit images. Other formats are converted a band of rows at a time: a converted copy of the whole picture
+// would cost as much memory as the picture.
 class RowSource
 {
 public:
@@ -97,8 +124,25 @@ public:
         , m_bandRows(int(std::clamp<qsizetype>(kBandBytes / std::max<qsizetype>(1, image.bytesPerLine()), 1,
                                                std::max(1, image.height()))))
     {
-        const bool is32 = isFormat32(image.format());
-        // A premultiplied pixel has the alpha of its straight one.
+        const QImage::Format format = image.format();
+        if (format == QImage::Format_Grayscale8 || format == QImage::Format_Grayscale16) {
+            m_channels = 1;
+            m_bytesPerSample = format == QImage::Format_Grayscale16 ? 2 : 1;
+            return;
+        }
+        if (isFormat64(format)) {
+            m_bytesPerSample = 2;
+            // A premultiplied pixel has the alpha of its straight one.
+            if (!image.hasAlphaChannel() || isOpaque64(image)) {
+                m_unpack64 = true;
+            } else {
+                m_channels = 4;
+                if (format != QImage::Format_RGBA64)
+                    m_bandFormat = QImage::Format_RGBA64;
+            }
+            return;
+        }
+        const bool is32 = isFormat32(format);
         const bool opaque =
             !image.hasAlphaChannel() || (is32 ? isOpaque32(image) : isOpaqueInStraightAlpha());
         if (is32 && opaque) {
@@ -115,7 +159,8 @@ public:
     }
 
     int channels() const { return m_channels; }
-    qsizetype rowBytes() const { return qsizetype(m_image.width()) * m_channels; }
+    int bitDepth() const { return 8 * m_bytesPerSample; }
+    qsizetype rowBytes() const { return qsizetype(m_image.width()) * m_channels * m_bytesPerSample; }
 
     // Rows are asked for top to bottom; false when a band cannot be converted.
     bool row(int y, uchar* out)
@@ -132,15 +177,25 @@ public:
             }
             in = m_band.constScanLine(y - m_bandTop);
         }
-        if (!m_unpack32) {
+        const int width = m_image.width();
+        if (m_unpack32) {
+            const auto* pixels = reinterpret_cast<const QRgb*>(in);
+            for (int x = 0; x < width; ++x) {
+                out[3 * x] = uchar(qRed(pixels[x]));
+                out[3 * x + 1] = uchar(qGreen(pixels[x]));
+                out[3 * x + 2] = uchar(qBlue(pixels[x]));
+            }
+        } else if (m_unpack64) {
+            const auto* pixels = reinterpret_cast<const QRgba64*>(in);
+            for (int x = 0; x < width; ++x) {
+                qToBigEndian(pixels[x].red(), out + 6 * x);
+                qToBigEndian(pixels[x].green(), out + 6 * x + 2);
+                qToBigEndian(pixels[x].blue(), out + 6 * x + 4);
+            }
+        } else if (m_bytesPerSample == 2) {
+            qToBigEndian<quint16>(in, rowBytes() / 2, out);
+        } else {
             std::memcpy(out, in, size_t(rowBytes()));
-            return true;
-        }
-        const auto* pixels = reinterpret_cast<const QRgb*>(in);
-        for (int x = 0; x < m_image.width(); ++x) {
-            out[3 * x] = uchar(qRed(pixels[x]));
-            out[3 * x + 1] = uchar(qGreen(pixels[x]));
-            out[3 * x + 2] = uchar(qBlue(pixels[x]));
         }
         return true;
     }
@@ -170,12 +225,24 @@ private:
     QImage m_band;
     int m_bandTop = 0;
     bool m_unpack32 = false;
+    bool m_unpack64 = false;
     int m_channels = 3;
+    int m_bytesPerSample = 1;
 };
 
-} // namespace
+uchar colourType(int channels)
+{
+    switch (channels) {
+    case 1:
+        return kColourGrey;
+    case 4:
+        return kColourRgba;
+    default:
+        return kColourRgb;
+    }
+}
 
-std::optional<QByteArray> encodePng(const QImage& image)
+std::optional<QByteArray> encode(const QImage& image, const std::function<void(QByteArray&)>& ancillary)
 {
     if (image.isNull())
         return std::nullopt;
@@ -184,8 +251,8 @@ std::optional<QByteArray> encodePng(const QImage& image)
     std::array<uchar, 13> header{};
     putBigEndian(header.data(), quint32(image.width()));
     putBigEndian(header.data() + 4, quint32(image.height()));
-    header[8] = 8;
-    header[9] = source.channels() == 4 ? kColourRgba : kColourRgb;
+    header[8] = uchar(source.bitDepth());
+    header[9] = colourType(source.channels());
 
     static constexpr char kSignature[] = "\x89PNG\r\n\x1a\n";
     QByteArray png;
@@ -195,7 +262,7 @@ std::optional<QByteArray> encodePng(const QImage& image)
     png.reserve(stride * image.height() / 2 + 1024);
     png.append(kSignature, 8);
     appendChunk(png, "IHDR", header.data(), quint32(header.size()));
-    appendColourSpace(png, image.colorSpace());
+    ancillary(png);
 
     // The IDAT chunk is written in place: length and checksum are filled in at the end.
     const qsizetype idatStart = png.size();
@@ -235,4 +302,21 @@ std::optional<QByteArray> encodePng(const QImage& image)
     png.append(reinterpret_cast<const char*>(crc.data()), 4);
     appendChunk(png, "IEND", nullptr, 0);
     return png;
+}
+
+} // namespace
+
+std::optional<QByteArray> encodePng(const QImage& image)
+{
+    return encode(image, [&image](QByteArray& png) { appendColourSpace(png, image.colorSpace()); });
+}
+
+std::optional<QByteArray> encodePng(const QImage& image, QByteArrayView iccProfile, QByteArrayView exif)
+{
+    return encode(image, [iccProfile, exif](QByteArray& png) {
+        if (!iccProfile.isEmpty())
+            appendIccProfile(png, iccProfile);
+        if (!exif.isEmpty())
+            appendChunk(png, "eXIf", reinterpret_cast<const uchar*>(exif.data()), quint32(exif.size()));
+    });
 }
