@@ -111,7 +111,7 @@ QImage displayed(const QImage& stored, int orientation)
                 to = {y, w - 1 - x};
                 break;
             }
-            out.setPixel(to, stored.pixel(x, y));
+            out.setPixelColor(to, stored.pixelColor(x, y));
         }
     }
     return out;

@@ -1,5 +1,6 @@
 #include "ImageLoader.h"
 
+#include "ImageGeometry.h"
 #include "ImageHelpers.h"
 
 #include <QBuffer>
@@ -123,6 +124,25 @@ private:
     int m_previous;
 };
 
+// The image a viewer shows for pixels stored with EXIF orientation 1 to 8.
+std::optional<QImage> uprightByExif(const QImage& stored, int orientation)
+{
+    struct Turn
+    {
+        int quarters;
+        bool mirrorLeftRight;
+        bool mirrorTopBottom;
+    };
+    static constexpr Turn kTurns[] = {{0, false, false}, {0, true, false}, {2, false, false},
+                                      {0, false, true},  {1, true, false}, {1, false, false},
+                                      {1, false, true},  {3, false, false}};
+    if (orientation <= 1 || orientation > 8)
+        return stored;
+    const Turn turn = kTurns[orientation - 1];
+    return ImageHelpers::cutTurnedAndMirrored(stored, stored.rect(), turn.quarters, turn.mirrorLeftRight,
+                                              turn.mirrorTopBottom);
+}
+
 ImageLoadResult failed(QString why)
 {
     ImageLoadResult result;
@@ -235,6 +255,8 @@ ImageLoadResult loadImageFile(const QString& path, qint64 maxPixels)
     // Rounded up: a picture right at the limit must still fit.
     const qint64 limitMiB = std::max<qint64>(1, (maxPixels * bytesPerPixel + (1 << 20) - 1) >> 20);
 
+    // Asked before reading: the reader forgets the format once it has read.
+    const bool isPng = reader.format() == "png";
     if (reader.format() == "jpeg" && !jpegStreamIsComplete(bytes))
         return failed(sentence(path, QStringLiteral("is a truncated or damaged JPEG file.")));
 
@@ -257,5 +279,13 @@ ImageLoadResult loadImageFile(const QString& path, qint64 maxPixels)
                                          .arg(image.height())
                                          .arg(maxPixels)));
     }
-    return {std::move(image), QString(), readPhotoMetadata(bytes)};
+    PhotoMetadata metadata = readPhotoMetadata(bytes);
+    // Qt turns JPEGs by their EXIF orientation but not PNGs, whose eXIf chunk says the same.
+    if (isPng) {
+        if (auto upright = uprightByExif(image, exifOrientation(metadata.exif)))
+            image = std::move(*upright);
+        else
+            return failed(sentence(path, QStringLiteral("could not be turned upright: not enough memory.")));
+    }
+    return {std::move(image), QString(), std::move(metadata)};
 }

@@ -21,6 +21,9 @@ struct PhotoMetadata
 /// larger than a JPEG file can carry.
 PhotoMetadata readPhotoMetadata(QByteArrayView file);
 
+/// The orientation tag (1 to 8) of the EXIF block \a exif; 1 when it has none or it cannot be read.
+int exifOrientation(QByteArrayView exif);
+
 /// The metadata an image in memory carries: its colour space's ICC profile, when it has one.
 PhotoMetadata photoMetadataOf(const QImage& image);
 
