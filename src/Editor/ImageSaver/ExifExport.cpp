@@ -11,12 +11,17 @@ namespace {
 
 enum Tag : quint16 {
     kOrientation = 0x0112,
+    kXResolution = 0x011A,
+    kYResolution = 0x011B,
+    kResolutionUnit = 0x0128,
     kSoftware = 0x0131,
     kExifPointer = 0x8769,
     kGpsPointer = 0x8825,
     kYCbCrPositioning = 0x0213,
     kExifVersion = 0x9000,
     kComponentsConfiguration = 0x9101,
+    kFlashpixVersion = 0xA000,
+    kColorSpace = 0xA001,
     kPixelXDimension = 0xA002,
     kPixelYDimension = 0xA003,
 };
@@ -24,7 +29,7 @@ enum Tag : quint16 {
 // The GPS directory's tags run from its version (0) to its differential correction (31).
 constexpr quint16 kLastGpsTag = 0x001F;
 
-enum Type : quint16 { kAscii = 2, kShort = 3, kLong = 4, kUndefined = 7, kIfd = 13 };
+enum Type : quint16 { kAscii = 2, kShort = 3, kLong = 4, kRational = 5, kUndefined = 7, kIfd = 13 };
 
 // What the copy keeps: when and with what it was taken, and who holds its rights. Serial numbers, the owner's
 // name, the unique image id, the maker note, user comments and the thumbnail's directory are not here.
@@ -32,9 +37,7 @@ constexpr std::array<quint16, 10> kKeptInImage = {
     0x010E, // ImageDescription
     0x010F, // Make
     0x0110, // Model
-    0x011A, // XResolution
-    0x011B, // YResolution
-    0x0128, // ResolutionUnit
+    kXResolution, kYResolution, kResolutionUnit,
     0x0132, // DateTime
     0x013B, // Artist
     0x8298, // Copyright
@@ -71,8 +74,7 @@ constexpr std::array<quint16, 42> kKeptInExif = {
     0x9290, // SubSecTime
     0x9291, // SubSecTimeOriginal
     0x9292, // SubSecTimeDigitized
-    0xA000, // FlashpixVersion
-    0xA001, // ColorSpace
+    kFlashpixVersion, kColorSpace,
     0xA402, // ExposureMode
     0xA403, // WhiteBalance
     0xA404, // DigitalZoomRatio
@@ -346,8 +348,19 @@ ExifExport exportedExif(QByteArrayView source, const QuorvaneSdkImageMetadataPol
         image.push_back({kYCbCrPositioning, kShort, 1, writer.u16(1)});
         exif.push_back({kComponentsConfiguration, kUndefined, 4, QByteArray("\1\2\3\0", 4)});
     }
-    if (std::none_of(exif.begin(), exif.end(), [](const Entry& entry) { return entry.tag == kExifVersion; }))
-        exif.push_back({kExifVersion, kUndefined, 4, QByteArray("0232")});
+    // What every EXIF block must hold, for sources that left it out.
+    const auto addMissing = [](std::vector<Entry>& entries, Entry entry) {
+        if (std::none_of(entries.begin(), entries.end(),
+                         [&entry](const Entry& e) { return e.tag == entry.tag; }))
+            entries.push_back(std::move(entry));
+    };
+    const QByteArray seventyTwo = writer.u32(72) + writer.u32(1);
+    addMissing(image, {kXResolution, kRational, 1, seventyTwo});
+    addMissing(image, {kYResolution, kRational, 1, seventyTwo});
+    addMissing(image, {kResolutionUnit, kShort, 1, writer.u16(2)});
+    addMissing(exif, {kExifVersion, kUndefined, 4, QByteArray("0232")});
+    addMissing(exif, {kFlashpixVersion, kUndefined, 4, QByteArray("0100")});
+    addMissing(exif, {kColorSpace, kShort, 1, writer.u16(0xFFFF)});
     exif.push_back({kPixelXDimension, kLong, 1, writer.u32(quint32(written.width()))});
     exif.push_back({kPixelYDimension, kLong, 1, writer.u32(quint32(written.height()))});
 

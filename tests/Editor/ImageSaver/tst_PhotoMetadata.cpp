@@ -2,17 +2,15 @@
 #include "Editor/Cropper/ImageCropperImp.h"
 #include "Editor/Filters/FiltersManager.h"
 #include "Editor/QuorvaneSdkImageEditorViewModel.h"
+#include "ExifTool.h"
 #include "TestImages.h"
 
 #include <QColorSpace>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QPainter>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QtEndian>
+#include <cstring>
 
 using namespace TestImages;
 
@@ -20,36 +18,6 @@ namespace {
 
 // What the camera wrote that must not leave with a copy: where it was taken and which devices took it.
 const QByteArray kSecrets[] = {"Paris", "BODY-48151623", "LENS-42"};
-
-QByteArray exiftool(const QStringList& arguments)
-{
-    QProcess process;
-    process.start(qEnvironmentVariable("QUORVANE_EXIFTOOL", QStringLiteral("exiftool")), arguments);
-    if (!process.waitForFinished(60'000) || process.exitCode() != 0)
-        qWarning() << "exiftool" << arguments << process.readAllStandardError();
-    return process.readAllStandardOutput();
-}
-
-// Every tag of the file as "Group:Name" → value, numbers as numbers.
-QVariantMap tagsOf(const QString& path)
-{
-    const QJsonArray files =
-        QJsonDocument::fromJson(
-            exiftool({QStringLiteral("-j"), QStringLiteral("-a"), QStringLiteral("-G1"), QStringLiteral("-n"),
-                      QStringLiteral("-all"), QStringLiteral("-validate"), path}))
-            .array();
-    return files.isEmpty() ? QVariantMap() : files.first().toObject().toVariantMap();
-}
-
-QStringList keysContaining(const QVariantMap& tags, QStringView part)
-{
-    QStringList found;
-    for (auto it = tags.keyBegin(); it != tags.keyEnd(); ++it) {
-        if (it->contains(part))
-            found << *it;
-    }
-    return found;
-}
 
 // A photo as a camera writes it: pixels stored turned for `orientation`, a profile, the date, camera, lens
 // and exposure, its location three times over (EXIF, XMP, IPTC), serial numbers and a thumbnail.
@@ -60,38 +28,38 @@ bool writeCameraPhoto(const QString& path, const QImage& upright, int orientatio
     const char* format = path.endsWith(u".png") ? "png" : "jpeg";
     if (!writeFile(path, encode(stored, format, 95)))
         return false;
-    exiftool({QStringLiteral("-q"),
-              QStringLiteral("-overwrite_original"),
-              QStringLiteral("-Orientation#=%1").arg(orientation),
-              QStringLiteral("-DateTimeOriginal=2024:05:01 10:20:30"),
-              QStringLiteral("-OffsetTimeOriginal=+02:00"),
-              QStringLiteral("-SubSecTimeOriginal=123"),
-              QStringLiteral("-CreateDate=2024:05:01 10:20:30"),
-              QStringLiteral("-Make=Canon"),
-              QStringLiteral("-Model=Canon EOS R5"),
-              QStringLiteral("-LensModel=RF24-105mm F4 L IS USM"),
-              QStringLiteral("-ExposureTime=1/250"),
-              QStringLiteral("-FNumber=8"),
-              QStringLiteral("-ISO=200"),
-              QStringLiteral("-FocalLength=50"),
-              QStringLiteral("-Artist=Ann Example"),
-              QStringLiteral("-Copyright=(c) Ann Example"),
-              QStringLiteral("-GPSLatitude=48.8584"),
-              QStringLiteral("-GPSLatitudeRef=N"),
-              QStringLiteral("-GPSLongitude=2.2945"),
-              QStringLiteral("-GPSLongitudeRef=E"),
-              QStringLiteral("-GPSAltitude=35"),
-              QStringLiteral("-SerialNumber=BODY-48151623"),
-              QStringLiteral("-LensSerialNumber=LENS-42"),
-              QStringLiteral("-XMP-photoshop:City=Paris"),
-              QStringLiteral("-XMP-exif:GPSLatitude=48.8584 N"),
-              QStringLiteral("-IPTC:City=Paris"),
-              path});
+    ExifTool::run({QStringLiteral("-q"),
+                   QStringLiteral("-overwrite_original"),
+                   QStringLiteral("-Orientation#=%1").arg(orientation),
+                   QStringLiteral("-DateTimeOriginal=2024:05:01 10:20:30"),
+                   QStringLiteral("-OffsetTimeOriginal=+02:00"),
+                   QStringLiteral("-SubSecTimeOriginal=123"),
+                   QStringLiteral("-CreateDate=2024:05:01 10:20:30"),
+                   QStringLiteral("-Make=Canon"),
+                   QStringLiteral("-Model=Canon EOS R5"),
+                   QStringLiteral("-LensModel=RF24-105mm F4 L IS USM"),
+                   QStringLiteral("-ExposureTime=1/250"),
+                   QStringLiteral("-FNumber=8"),
+                   QStringLiteral("-ISO=200"),
+                   QStringLiteral("-FocalLength=50"),
+                   QStringLiteral("-Artist=Ann Example"),
+                   QStringLiteral("-Copyright=(c) Ann Example"),
+                   QStringLiteral("-GPSLatitude=48.8584"),
+                   QStringLiteral("-GPSLatitudeRef=N"),
+                   QStringLiteral("-GPSLongitude=2.2945"),
+                   QStringLiteral("-GPSLongitudeRef=E"),
+                   QStringLiteral("-GPSAltitude=35"),
+                   QStringLiteral("-SerialNumber=BODY-48151623"),
+                   QStringLiteral("-LensSerialNumber=LENS-42"),
+                   QStringLiteral("-XMP-photoshop:City=Paris"),
+                   QStringLiteral("-XMP-exif:GPSLatitude=48.8584 N"),
+                   QStringLiteral("-IPTC:City=Paris"),
+                   path});
     const QString thumbnail = path + QStringLiteral(".thumb.jpg");
     if (!writeFile(thumbnail, encode(upright.scaled(64, 48), "jpeg", 80)))
         return false;
-    exiftool({QStringLiteral("-q"), QStringLiteral("-overwrite_original"),
-              QStringLiteral("-ThumbnailImage<=") + thumbnail, path});
+    ExifTool::run({QStringLiteral("-q"), QStringLiteral("-overwrite_original"),
+                   QStringLiteral("-ThumbnailImage<=") + thumbnail, path});
     return true;
 }
 
@@ -169,7 +137,7 @@ private:
 private slots:
     void initTestCase()
     {
-        QVERIFY2(!exiftool({QStringLiteral("-ver")}).isEmpty(),
+        QVERIFY2(!ExifTool::run({QStringLiteral("-ver")}).isEmpty(),
                  "exiftool is installed (scripts/install-deps)");
     }
 
@@ -202,7 +170,8 @@ private slots:
         QFETCH(QuorvaneSdkImageOutputFormat, format);
         const QImage upright = quadrants(QSize(96, 64));
         QVERIFY(writeCameraPhoto(file(source), upright, orientation, profile));
-        QCOMPARE(tagsOf(file(source)).value(QStringLiteral("IFD0:Orientation")).toInt(), orientation);
+        QCOMPARE(ExifTool::tagsOf(file(source)).value(QStringLiteral("IFD0:Orientation")).toInt(),
+                 orientation);
 
         const QString output = exportThroughSession(file(source), format);
         QVERIFY(!output.isEmpty());
@@ -212,7 +181,7 @@ private slots:
         QVERIFY(quartersMatch(decoded, upright, 8));
         QCOMPARE(decoded.colorSpace(), profile);
 
-        const QVariantMap tags = tagsOf(output);
+        const QVariantMap tags = ExifTool::tagsOf(output);
         QCOMPARE(tags.value(QStringLiteral("ExifTool:Validate")).toString(), QStringLiteral("0 0 0"));
         QCOMPARE(tags.value(QStringLiteral("IFD0:Orientation")).toInt(), 1);
         QCOMPARE(tags.value(QStringLiteral("ExifIFD:DateTimeOriginal")).toString(),
@@ -231,11 +200,11 @@ private slots:
         QCOMPARE(tags.value(QStringLiteral("ExifIFD:ExifImageHeight")).toInt(), upright.height());
         QVERIFY(tags.value(QStringLiteral("IFD0:Software")).toString().startsWith(u"Quorvane SDK Image"));
 
-        QCOMPARE(keysContaining(tags, u"GPS"), QStringList());
-        QCOMPARE(keysContaining(tags, u"Serial"), QStringList());
-        QCOMPARE(keysContaining(tags, u"XMP"), QStringList());
-        QCOMPARE(keysContaining(tags, u"IPTC"), QStringList());
-        QCOMPARE(keysContaining(tags, u"IFD1"), QStringList());
+        QCOMPARE(ExifTool::keysContaining(tags, u"GPS"), QStringList());
+        QCOMPARE(ExifTool::keysContaining(tags, u"Serial"), QStringList());
+        QCOMPARE(ExifTool::keysContaining(tags, u"XMP"), QStringList());
+        QCOMPARE(ExifTool::keysContaining(tags, u"IPTC"), QStringList());
+        QCOMPARE(ExifTool::keysContaining(tags, u"IFD1"), QStringList());
         QFile written(output);
         QVERIFY(written.open(QIODevice::ReadOnly));
         const QByteArray bytes = written.readAll();
@@ -269,12 +238,12 @@ private slots:
         const QString source = file(QStringLiteral("policy.jpg"));
         QVERIFY(writeCameraPhoto(source, quadrants(QSize(64, 48)), 6, QColorSpace(QColorSpace::AdobeRgb)));
 
-        const QVariantMap tags = tagsOf(exportThroughSession(source, format, policy));
+        const QVariantMap tags = ExifTool::tagsOf(exportThroughSession(source, format, policy));
 
         QCOMPARE(tags.contains(QStringLiteral("IFD0:Make")), camera);
         QCOMPARE(tags.value(QStringLiteral("GPS:GPSLatitude")).toDouble(), location ? 48.8584 : 0.0);
         QCOMPARE(tags.value(QStringLiteral("GPS:GPSAltitude")).toDouble(), location ? 35.0 : 0.0);
-        QCOMPARE(keysContaining(tags, u"Serial"), QStringList());
+        QCOMPARE(ExifTool::keysContaining(tags, u"Serial"), QStringList());
         // The profile says what the colours mean: it stays whatever the host strips.
         QCOMPARE(tags.value(QStringLiteral("ICC_Profile:ProfileDescription")).toString(),
                  QStringLiteral("Adobe RGB"));
@@ -304,14 +273,20 @@ private slots:
                                  QColorSpace(QColorSpace::DisplayP3)));
 
         const QString output = exportThroughSession(source, QuorvaneSdkImageOutputFormat::png(), {}, edit);
-        const QVariantMap tags = tagsOf(output);
+        const QVariantMap tags = ExifTool::tagsOf(output);
 
         QCOMPARE(tags.value(QStringLiteral("PNG:BitDepth")).toInt(), bitDepth);
         QCOMPARE(QImage(output).colorSpace(), QColorSpace(QColorSpace::DisplayP3));
         QCOMPARE(tags.value(QStringLiteral("ExifIFD:LensModel")).toString(),
                  QStringLiteral("RF24-105mm F4 L IS USM"));
-        if (edit == Edit::none)
-            QCOMPARE(QImage(output).convertToFormat(QImage::Format_RGBX64), sixteenBitPicture(QSize(90, 70)));
+        if (edit == Edit::none) {
+            const QImage decoded = QImage(output).convertToFormat(QImage::Format_RGBX64);
+            const QImage picture = sixteenBitPicture(QSize(90, 70));
+            QCOMPARE(decoded.size(), picture.size());
+            for (int y = 0; y < picture.height(); ++y)
+                QVERIFY(std::memcmp(decoded.constScanLine(y), picture.constScanLine(y),
+                                    size_t(picture.width()) * 8) == 0);
+        }
     }
 
     void profileLargerThanOneSegment_isSplitAndWhole()
@@ -324,13 +299,13 @@ private slots:
         QVERIFY(writeFile(icc, profile));
         const QString source = file(QStringLiteral("large-profile.jpg"));
         QVERIFY(writeCameraPhoto(source, quadrants(QSize(64, 48)), 6, QColorSpace()));
-        exiftool({QStringLiteral("-q"), QStringLiteral("-overwrite_original"),
-                  QStringLiteral("-ICC_Profile<=") + icc, source});
+        ExifTool::run({QStringLiteral("-q"), QStringLiteral("-overwrite_original"),
+                       QStringLiteral("-ICC_Profile<=") + icc, source});
 
         for (const auto& format :
              {QuorvaneSdkImageOutputFormat::jpg(90), QuorvaneSdkImageOutputFormat::png()}) {
             const QString output = exportThroughSession(source, format);
-            QCOMPARE(exiftool({QStringLiteral("-b"), QStringLiteral("-ICC_Profile"), output}), profile);
+            QCOMPARE(ExifTool::run({QStringLiteral("-b"), QStringLiteral("-ICC_Profile"), output}), profile);
         }
     }
 };
