@@ -1,4 +1,5 @@
 #include "Editor/Filters/CpuColorEngine.h"
+#include "ExifTool.h"
 #include "TestImages.h"
 
 #include <QDir>
@@ -100,6 +101,36 @@ private slots:
         QCOMPARE(reader.format(), format);
         QCOMPARE(reader.size(), size);
         QVERIFY(run.err.contains(QStringLiteral("initialize image editor")));
+    }
+
+    void metadataOptions_chooseWhatTheCopyCarries_data()
+    {
+        QTest::addColumn<QStringList>("options");
+        QTest::addColumn<bool>("camera");
+        QTest::addColumn<bool>("location");
+        QTest::newRow("defaults") << QStringList{} << true << false;
+        QTest::newRow("keep location") << QStringList{"--keep-location"} << true << true;
+        QTest::newRow("strip metadata")
+            << QStringList{"--strip-metadata", "--format", "png"} << false << false;
+    }
+
+    void metadataOptions_chooseWhatTheCopyCarries()
+    {
+        QFETCH(QStringList, options);
+        QFETCH(bool, camera);
+        QFETCH(bool, location);
+        const QString input = file(QStringLiteral("camera.jpg"));
+        QVERIFY(writeFile(input, encode(quadrants(QSize(120, 80)), "jpeg", 90)));
+        ExifTool::run(
+            {"-q", "-overwrite_original", "-Make=Canon", "-GPSLatitude=48.8584", "-GPSLatitudeRef=N", input});
+        const QString output = file(QStringLiteral("camera-out"));
+
+        const Run run = runTool(QStringList{"edit", input, "--output", output} + options, m_dir.path());
+
+        QVERIFY2(run.exitCode == 0, qPrintable(run.err));
+        const QVariantMap tags = ExifTool::tagsOf(output);
+        QCOMPARE(tags.contains(QStringLiteral("IFD0:Make")), camera);
+        QCOMPARE(tags.contains(QStringLiteral("GPS:GPSLatitude")), location);
     }
 
     void cropTurnAndFlips_arePixelExactOnARealPhoto()
@@ -237,6 +268,9 @@ private slots:
                                     << "--format" << QString();
         QTest::newRow("quality above 100")
             << QStringList{"edit", file("photo.png"), "--format", "jpg:101"} << 64 << "--format" << QString();
+        QTest::newRow("keep location and strip metadata")
+            << QStringList{"edit", file("photo.png"), "--keep-location", "--strip-metadata"} << 64
+            << "contradict" << QString();
         QTest::newRow("unknown option")
             << QStringList{"edit", file("photo.png"), "--sharpen", "2"} << 64 << "sharpen" << QString();
     }
