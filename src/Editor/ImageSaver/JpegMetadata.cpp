@@ -30,6 +30,7 @@ QByteArray withJpegMetadata(const QByteArray& jpeg, QByteArrayView exif, QByteAr
     qsizetype at = 2;
     bool inserted = false;
     const auto insert = [&] {
+        inserted = true;
         if (!exif.isEmpty() && exif.size() + 6 <= kMaxSegmentBody)
             appendSegment(out, 0xE1, QByteArrayView("Exif\0\0", 6), exif);
         constexpr qsizetype kPiece = kMaxSegmentBody - 14;
@@ -42,7 +43,6 @@ QByteArray withJpegMetadata(const QByteArray& jpeg, QByteArrayView exif, QByteAr
                 out, 0xE2, header,
                 iccProfile.sliced(piece * kPiece, std::min(kPiece, iccProfile.size() - piece * kPiece)));
         }
-        inserted = true;
     };
     // The encoder writes only whole segments up to the first scan; everything from there on is copied.
     while (at + 4 <= jpeg.size() && data[at] == 0xFF) {
