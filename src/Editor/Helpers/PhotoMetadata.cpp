@@ -1,11 +1,12 @@
 #include "PhotoMetadata.h"
 
+#include "ExifReader.h"
+
 #include <QColorSpace>
 #include <QtEndian>
 
 #include <zlib.h>
 
-#include <algorithm>
 #include <array>
 #include <cstring>
 
@@ -148,26 +149,14 @@ PhotoMetadata readPhotoMetadata(QByteArrayView file)
 int exifOrientation(QByteArrayView exif)
 {
     constexpr quint16 kOrientation = 0x0112;
-    constexpr quint16 kShort = 3;
-    const auto* data = reinterpret_cast<const uchar*>(exif.data());
-    const bool big = exif.startsWith(QByteArrayView("MM\0*", 4));
-    if (exif.size() < 8 || (!big && !exif.startsWith(QByteArrayView("II*\0", 4))))
+    const auto reader = ExifReader::open(exif);
+    if (!reader)
         return 1;
-    const auto u16 = [&](qsizetype at) {
-        return big ? qFromBigEndian<quint16>(data + at) : qFromLittleEndian<quint16>(data + at);
-    };
-    const qint64 directory = big ? qFromBigEndian<quint32>(data + 4) : qFromLittleEndian<quint32>(data + 4);
-    if (directory < 8 || directory + 2 > exif.size())
-        return 1;
-    const qint64 count = std::min<qint64>(u16(directory), (exif.size() - directory - 2) / 12);
-    for (qint64 i = 0; i < count; ++i) {
-        const qsizetype at = qsizetype(directory + 2 + i * 12);
-        if (u16(at) == kOrientation && u16(at + 2) == kShort) {
-            const int value = u16(at + 8);
-            return value >= 1 && value <= 8 ? value : 1;
-        }
-    }
-    return 1;
+    bool damaged = false;
+    const auto entries = reader->directory(
+        reader->firstDirectory(), [](quint16 tag) { return tag == kOrientation; }, damaged);
+    const quint32 value = reader->number(entries, kOrientation).value_or(1);
+    return value >= 1 && value <= 8 ? int(value) : 1;
 }
 
 PhotoMetadata photoMetadataOf(const QImage& image)

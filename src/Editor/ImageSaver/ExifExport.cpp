@@ -1,10 +1,11 @@
 #include "ExifExport.h"
 
+#include "Editor/Helpers/ExifReader.h"
+
 #include <QtEndian>
 
 #include <algorithm>
 #include <array>
-#include <optional>
 #include <vector>
 
 namespace {
@@ -29,7 +30,7 @@ enum Tag : quint16 {
 // The GPS directory's tags run from its version (0) to its differential correction (31).
 constexpr quint16 kLastGpsTag = 0x001F;
 
-enum Type : quint16 { kAscii = 2, kShort = 3, kLong = 4, kRational = 5, kUndefined = 7, kIfd = 13 };
+enum Type : quint16 { kAscii = 2, kShort = 3, kLong = 4, kRational = 5, kUndefined = 7 };
 
 // What the copy keeps: when and with what it was taken, and who holds its rights. Serial numbers, the owner's
 // name, the unique image id, the maker note, user comments and the thumbnail's directory are not here.
@@ -93,116 +94,6 @@ template <size_t N> bool isAmong(const std::array<quint16, N>& tags, quint16 tag
     return std::find(tags.begin(), tags.end(), tag) != tags.end();
 }
 
-int typeSize(quint16 type)
-{
-    switch (type) {
-    case 1:
-    case 2:
-    case 6:
-    case 7:
-        return 1;
-    case 3:
-    case 8:
-        return 2;
-    case 4:
-    case 9:
-    case 11:
-    case kIfd:
-        return 4;
-    case 5:
-    case 10:
-    case 12:
-        return 8;
-    default:
-        return 0;
-    }
-}
-
-struct Entry
-{
-    quint16 tag = 0;
-    quint16 type = 0;
-    quint32 count = 0;
-    // Exactly count values, in the block's byte order.
-    QByteArray value;
-};
-
-class Reader
-{
-public:
-    explicit Reader(QByteArrayView tiff)
-        : m_tiff(tiff)
-        , m_bigEndian(tiff.startsWith(QByteArrayView("MM\0*", 4)))
-    {}
-
-    bool bigEndian() const { return m_bigEndian; }
-
-    quint16 u16(qsizetype at) const
-    {
-        const auto* p = reinterpret_cast<const uchar*>(m_tiff.data()) + at;
-        return m_bigEndian ? qFromBigEndian<quint16>(p) : qFromLittleEndian<quint16>(p);
-    }
-    quint32 u32(qsizetype at) const
-    {
-        const auto* p = reinterpret_cast<const uchar*>(m_tiff.data()) + at;
-        return m_bigEndian ? qFromBigEndian<quint32>(p) : qFromLittleEndian<quint32>(p);
-    }
-
-    // The entries of the directory at offset that keep() accepts, and the offsets of the two sub-directories
-    // when it holds them. What lies outside the block is left out and marks the block damaged.
-    template <typename Keep> std::vector<Entry> directory(quint32 offset, Keep keep, bool& damaged) const
-    {
-        std::vector<Entry> entries;
-        if (offset < 8 || qsizetype(offset) + 2 > m_tiff.size()) {
-            damaged = true;
-            return entries;
-        }
-        const qsizetype declared = u16(offset);
-        const qsizetype fitting = (m_tiff.size() - offset - 2) / 12;
-        if (declared > fitting)
-            damaged = true;
-        const qsizetype count = std::min(declared, fitting);
-        for (qsizetype i = 0; i < count; ++i) {
-            const qsizetype at = offset + 2 + i * 12;
-            const quint16 tag = u16(at);
-            if (!keep(tag))
-                continue;
-            Entry entry{tag, u16(at + 2), u32(at + 4), {}};
-            const qint64 bytes = qint64(entry.count) * typeSize(entry.type);
-            if (bytes == 0)
-                continue;
-            qint64 from = at + 8;
-            if (bytes > 4)
-                from = u32(at + 8);
-            if (from + bytes > m_tiff.size()) {
-                damaged = true;
-                continue;
-            }
-            // A tag said twice is kept once, as readers take the first.
-            if (std::any_of(entries.begin(), entries.end(), [tag](const Entry& e) { return e.tag == tag; }))
-                continue;
-            entry.value = m_tiff.sliced(qsizetype(from), qsizetype(bytes)).toByteArray();
-            entries.push_back(std::move(entry));
-        }
-        return entries;
-    }
-
-    std::optional<quint32> pointer(const std::vector<Entry>& entries, quint16 tag) const
-    {
-        for (const Entry& entry : entries) {
-            if (entry.tag == tag && entry.count == 1 && (entry.type == kLong || entry.type == kIfd)) {
-                const auto* p = reinterpret_cast<const uchar*>(entry.value.constData());
-                return m_bigEndian ? qFromBigEndian<quint32>(p) : qFromLittleEndian<quint32>(p);
-            }
-        }
-        return std::nullopt;
-    }
-
-private:
-    QByteArrayView m_tiff;
-    bool m_bigEndian;
-};
-
 class Writer
 {
 public:
@@ -226,7 +117,7 @@ public:
     }
 
     // The directories one after another, then the values that do not fit in their entries.
-    QByteArray tiff(std::vector<std::vector<Entry>> directories) const
+    QByteArray tiff(std::vector<std::vector<ExifEntry>> directories) const
     {
         QByteArray out = m_bigEndian ? QByteArray("MM\0*", 4) : QByteArray("II*\0", 4);
         out += u32(8);
@@ -234,13 +125,13 @@ public:
         quint32 at = 8;
         for (auto& entries : directories) {
             std::sort(entries.begin(), entries.end(),
-                      [](const Entry& a, const Entry& b) { return a.tag < b.tag; });
+                      [](const ExifEntry& a, const ExifEntry& b) { return a.tag < b.tag; });
             starts.push_back(at);
             at += quint32(2 + 12 * entries.size() + 4);
         }
         // Each directory's pointer to the next one (if it has one) is filled in here.
         for (size_t d = 0; d < directories.size(); ++d) {
-            for (Entry& entry : directories[d]) {
+            for (ExifEntry& entry : directories[d]) {
                 if (entry.tag == kExifPointer && d + 1 < directories.size())
                     entry.value = u32(starts[1]);
                 if (entry.tag == kGpsPointer)
@@ -250,7 +141,7 @@ public:
         QByteArray data;
         for (const auto& entries : directories) {
             out += u16(quint16(entries.size()));
-            for (const Entry& entry : entries) {
+            for (const ExifEntry& entry : entries) {
                 out += u16(entry.tag) + u16(entry.type) + u32(entry.count);
                 if (entry.value.size() <= 4) {
                     out += entry.value + QByteArray(4 - entry.value.size(), '\0');
@@ -270,12 +161,12 @@ private:
     bool m_bigEndian;
 };
 
-qsizetype valueBytes(const std::vector<std::vector<Entry>>& directories)
+qsizetype valueBytes(const std::vector<std::vector<ExifEntry>>& directories)
 {
     qsizetype bytes = 8;
     for (const auto& entries : directories) {
         bytes += 6;
-        for (const Entry& entry : entries)
+        for (const ExifEntry& entry : entries)
             bytes += 12 + (entry.value.size() > 4 ? entry.value.size() + 1 : 0);
     }
     return bytes;
@@ -283,12 +174,12 @@ qsizetype valueBytes(const std::vector<std::vector<Entry>>& directories)
 
 // Drops the largest of the source's values until the block fits one JPEG segment: a long description gives
 // way before the date and the camera do.
-void fit(std::vector<std::vector<Entry>>& directories)
+void fit(std::vector<std::vector<ExifEntry>>& directories)
 {
     while (valueBytes(directories) > kMaxExifBytes) {
-        Entry* largest = nullptr;
+        ExifEntry* largest = nullptr;
         for (auto& entries : directories) {
-            for (Entry& entry : entries) {
+            for (ExifEntry& entry : entries) {
                 if (!largest || entry.value.size() > largest->value.size())
                     largest = &entry;
             }
@@ -296,7 +187,7 @@ void fit(std::vector<std::vector<Entry>>& directories)
         if (!largest || largest->value.size() <= 4)
             return;
         for (auto& entries : directories)
-            std::erase_if(entries, [largest](const Entry& entry) { return &entry == largest; });
+            std::erase_if(entries, [largest](const ExifEntry& entry) { return &entry == largest; });
     }
 }
 
@@ -308,33 +199,28 @@ ExifExport exportedExif(QByteArrayView source, const QuorvaneSdkImageMetadataPol
     ExifExport result;
     if (source.isEmpty() || policy.stripAll)
         return result;
-    const bool tiff = source.size() >= 8 && (source.startsWith(QByteArrayView("MM\0*", 4)) ||
-                                             source.startsWith(QByteArrayView("II*\0", 4)));
-    if (!tiff) {
+    const auto reader = ExifReader::open(source);
+    if (!reader) {
         result.damaged = true;
         return result;
     }
-    const Reader reader(source);
-    const Writer writer(reader.bigEndian());
+    const Writer writer(reader->bigEndian());
 
-    std::vector<Entry> image = reader.directory(
-        reader.u32(4), [](quint16 tag) { return isAmong(kKeptInImage, tag) || tag == kGpsPointer; },
-        result.damaged);
+    std::vector<ExifEntry> image = reader->directory(
+        reader->firstDirectory(),
+        [](quint16 tag) { return isAmong(kKeptInImage, tag) || tag == kGpsPointer; }, result.damaged);
     if (result.damaged && image.empty())
         return result;
-    std::vector<Entry> exif;
-    if (const auto offset = reader.pointer(image, kExifPointer))
-        exif = reader.directory(
+    std::vector<ExifEntry> exif;
+    if (const auto offset = reader->number(image, kExifPointer))
+        exif = reader->directory(
             *offset, [](quint16 tag) { return isAmong(kKeptInExif, tag); }, result.damaged);
-    std::vector<Entry> gps;
-    if (const auto offset = reader.pointer(image, kGpsPointer); offset && policy.keepLocation)
-        gps = reader.directory(
+    std::vector<ExifEntry> gps;
+    if (const auto offset = reader->number(image, kGpsPointer); offset && policy.keepLocation)
+        gps = reader->directory(
             *offset, [](quint16 tag) { return tag <= kLastGpsTag; }, result.damaged);
-    std::erase_if(image,
-                  [](const Entry& entry) { return entry.tag == kExifPointer || entry.tag == kGpsPointer; });
-    std::erase_if(exif, [](const Entry& entry) {
-        return entry.tag == kPixelXDimension || entry.tag == kPixelYDimension;
-    });
+    std::erase_if(
+        image, [](const ExifEntry& entry) { return entry.tag == kExifPointer || entry.tag == kGpsPointer; });
 
     QByteArray softwareText = software.toByteArray();
     softwareText += '\0';
@@ -349,9 +235,9 @@ ExifExport exportedExif(QByteArrayView source, const QuorvaneSdkImageMetadataPol
         exif.push_back({kComponentsConfiguration, kUndefined, 4, QByteArray("\1\2\3\0", 4)});
     }
     // What every EXIF block must hold, for sources that left it out.
-    const auto addMissing = [](std::vector<Entry>& entries, Entry entry) {
+    const auto addMissing = [](std::vector<ExifEntry>& entries, ExifEntry entry) {
         if (std::none_of(entries.begin(), entries.end(),
-                         [&entry](const Entry& e) { return e.tag == entry.tag; }))
+                         [&entry](const ExifEntry& e) { return e.tag == entry.tag; }))
             entries.push_back(std::move(entry));
     };
     const QByteArray seventyTwo = writer.u32(72) + writer.u32(1);
@@ -364,7 +250,7 @@ ExifExport exportedExif(QByteArrayView source, const QuorvaneSdkImageMetadataPol
     exif.push_back({kPixelXDimension, kLong, 1, writer.u32(quint32(written.width()))});
     exif.push_back({kPixelYDimension, kLong, 1, writer.u32(quint32(written.height()))});
 
-    std::vector<std::vector<Entry>> directories{std::move(image), std::move(exif)};
+    std::vector<std::vector<ExifEntry>> directories{std::move(image), std::move(exif)};
     if (!gps.empty())
         directories.push_back(std::move(gps));
     fit(directories);
