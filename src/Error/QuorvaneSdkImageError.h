@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QObject>
+#include <QString>
 #include <exception>
+#include <utility>
 
 /// The component's errors. Services throw it; the code is the case's ordinal (0 is never produced).
 class QuorvaneSdkImageError : public std::exception
@@ -23,8 +25,16 @@ public:
     QuorvaneSdkImageError(Code code) noexcept // NOLINT(google-explicit-constructor): a case is an error
         : m_code(code)
     {}
+    QuorvaneSdkImageError(Code code, QString reason) noexcept
+        : m_code(code)
+        , m_reason(std::move(reason))
+    {}
 
     Code code() const noexcept { return m_code; }
+
+    /// The system's own words for the failure when it gave any, e.g. "No space left on device" for
+    /// unableToSaveCroppedImage; empty otherwise. Not part of the error's identity.
+    QString reason() const { return m_reason; }
 
     /// The case's name, e.g. "invalidCropRange".
     const char* what() const noexcept override;
@@ -36,4 +46,5 @@ public:
 
 private:
     Code m_code;
+    QString m_reason;
 };

@@ -7,6 +7,8 @@
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
+#include <csignal>
+#include <sys/resource.h>
 
 using namespace TestImages;
 
@@ -19,9 +21,16 @@ struct Run
     QString err;
 };
 
-Run runTool(const QStringList& arguments, const QString& home)
+// \a fileSizeLimit, when positive, makes every write past that many bytes fail, as on a full disk.
+Run runTool(const QStringList& arguments, const QString& home, rlim_t fileSizeLimit = 0)
 {
     QProcess process;
+    if (fileSizeLimit > 0)
+        process.setChildProcessModifier([fileSizeLimit] {
+            std::signal(SIGXFSZ, SIG_IGN);
+            const rlimit limit{fileSizeLimit, fileSizeLimit};
+            setrlimit(RLIMIT_FSIZE, &limit);
+        });
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("HOME"), home);
     // No display, whatever the desktop the tests run on: the colour engine is the CPU's.
@@ -78,6 +87,8 @@ private slots:
             << QStringList{"--rotate", "90"} << QByteArray("jpeg") << QSize(80, 120);
         QTest::newRow("crop then resize")
             << QStringList{"--crop", "0,0,60,40", "--resize", "30x20"} << QByteArray("jpeg") << QSize(30, 20);
+        // The output is named after the row: "out-named-.png".
+        QTest::newRow("named .png") << QStringList{} << QByteArray("png") << QSize(120, 80);
     }
 
     void edit_writesTheFileAndPrintsItsPath()
@@ -218,10 +229,6 @@ private slots:
                                    << "truncated" << QString();
         QTest::newRow("too many pixels") << QStringList{"edit", file("huge.png"), "--output", out} << 1
                                          << "more than the limit" << QString();
-        QTest::newRow("output folder missing")
-            << QStringList{"edit", file("photo.png"), "--output", file("no/folder/never.jpg")} << 7
-            << "Cannot write the output file"
-            << "error ImageSaverImp: save image data to local failed";
         QTest::newRow("crop outside the image")
             << QStringList{"edit", file("photo.png"), "--crop", "100,0,21,80", "--output", out} << 3
             << "does not lie inside"
@@ -254,7 +261,6 @@ private slots:
             << QStringList{"edit", file("photo.png"), "--color", "0,0,0,1,0", "--engine",
                            "gpu",  "--output",        out}
             << 64 << "No GPU can run the colour matrix here" << QString();
-        QTest::newRow("no command") << QStringList{} << 64 << "usage:" << QString();
         QTest::newRow("other command")
             << QStringList{"crop", file("photo.png")} << 64 << "usage:" << QString();
         QTest::newRow("no input") << QStringList{"edit"} << 64 << "INPUT is missing" << QString();
@@ -262,8 +268,12 @@ private slots:
                                     << "one too many" << QString();
         QTest::newRow("bad resize") << QStringList{"edit", file("photo.png"), "--resize", "0x10"} << 64
                                     << "--resize" << QString();
-        QTest::newRow("resize without value")
-            << QStringList{"edit", file("photo.png"), "--resize"} << 64 << "--resize" << QString();
+        QTest::newRow("resize beyond the pixel limit")
+            << QStringList{"edit", file("photo.png"), "--resize", "16385x16385", "--output", out} << 64
+            << "--resize 16385x16385 asks for more than the 268435456 pixels" << QString();
+        QTest::newRow("format against the output's name")
+            << QStringList{"edit", file("photo.png"), "--format", "png", "--output", out} << 64
+            << "--format png contradicts the output's name" << QString();
         QTest::newRow("bad format") << QStringList{"edit", file("photo.png"), "--format", "gif"} << 64
                                     << "--format" << QString();
         QTest::newRow("quality above 100")
@@ -290,6 +300,41 @@ private slots:
         if (!logLine.isEmpty())
             QVERIFY2(run.err.count(logLine) == 1, qPrintable(run.err));
         QVERIFY(run.out.isEmpty());
+        QCOMPARE(QDir(m_dir.path()).entryList(QDir::Files), before);
+    }
+
+    void writeFailure_namesThePathAndTheSystemsReason_data()
+    {
+        QTest::addColumn<QString>("output");
+        QTest::addColumn<int>("fileSizeLimit");
+        QTest::addColumn<QString>("reason");
+        QTest::newRow("missing folder") << file("no/folder/never.jpg") << 0
+                                        << QStringLiteral("no such folder \"%1\"").arg(file("no/folder"));
+        const QString locked = file(QStringLiteral("locked"));
+        QDir().mkpath(locked);
+        QFile::setPermissions(locked, QFile::ReadOwner | QFile::ExeOwner);
+        // Permissions do not hold back root.
+        if (!QFileInfo(locked).isWritable())
+            QTest::newRow("read-only folder")
+                << locked + QStringLiteral("/never.jpg") << 0 << QStringLiteral("permission denied");
+        // Found only as the bytes go out, after the log record of the failed save.
+        QTest::newRow("disk full") << file("never.jpg") << 100 << QStringLiteral("File too large");
+    }
+
+    void writeFailure_namesThePathAndTheSystemsReason()
+    {
+        QFETCH(QString, output);
+        QFETCH(int, fileSizeLimit);
+        QFETCH(QString, reason);
+        const QStringList before = QDir(m_dir.path()).entryList(QDir::Files);
+
+        const Run run = runTool({"edit", file(QStringLiteral("photo.png")), "--output", output}, m_dir.path(),
+                                rlim_t(fileSizeLimit));
+
+        QCOMPARE(run.exitCode, 7);
+        QVERIFY2(
+            run.err.contains(QStringLiteral("Cannot write the output file \"%1\": %2").arg(output, reason)),
+            qPrintable(run.err));
         QCOMPARE(QDir(m_dir.path()).entryList(QDir::Files), before);
     }
 };

@@ -1,6 +1,7 @@
 #include "EditCommand.h"
 
 #include "Editor/Cropper/ImageCropperImp.h"
+#include "Editor/Helpers/ImageHelpers.h"
 #include "Editor/ImageSaver/ImageSaverImp.h"
 #include "Editor/QuorvaneSdkImageEditorViewModel.h"
 #include "Error/QuorvaneSdkImageError.h"
@@ -72,6 +73,45 @@ std::optional<QuorvaneSdkImageOutputFormat> parseFormat(const QString& text)
     return QuorvaneSdkImageOutputFormat::jpg(match.captured(1).toInt());
 }
 
+// The format a name's extension promises, when it is one of ours.
+std::optional<QuorvaneSdkImageOutputFormat::Kind> formatNamedBy(const QString& path)
+{
+    const QString suffix = QFileInfo(path).suffix().toLower();
+    if (suffix == u"png")
+        return QuorvaneSdkImageOutputFormat::Kind::png;
+    if (suffix == u"jpg" || suffix == u"jpeg")
+        return QuorvaneSdkImageOutputFormat::Kind::jpg;
+    return std::nullopt;
+}
+
+// The saver writes a new file beside the destination and renames it over the destination when complete:
+// the folder must take a new file, and what is there must be a file that may be replaced. Empty when the
+// write can be tried.
+QString destinationProblem(const QString& path)
+{
+    const QFileInfo destination(path);
+    const QFileInfo folder(destination.absolutePath());
+    if (!folder.exists())
+        return QStringLiteral("no such folder \"%1\"").arg(folder.absoluteFilePath());
+    if (!folder.isDir())
+        return QStringLiteral("\"%1\" is not a folder").arg(folder.absoluteFilePath());
+    if (destination.isDir())
+        return QStringLiteral("it is a folder");
+    if (destination.exists() && !destination.isFile())
+        return QStringLiteral("it is not a regular file, and the write would replace it");
+    if (!folder.isWritable())
+        return QStringLiteral("permission denied to add a file to \"%1\"").arg(folder.absoluteFilePath());
+    if (destination.exists() && !destination.isWritable())
+        return QStringLiteral("permission denied: the file is read-only");
+    return {};
+}
+
+void printWriteFailure(QTextStream& err, const QUrl& url, const QString& reason)
+{
+    err << QStringLiteral("Cannot write the output file \"%1\"").arg(url.toLocalFile())
+        << (reason.isEmpty() ? QString() : QStringLiteral(": ") + reason) << ".\n";
+}
+
 std::optional<ColorMatrix> parseColor(const QString& text)
 {
     const QStringList parts = text.split(u',');
@@ -130,13 +170,19 @@ std::variant<EditOptions, UsageError, InfoRequest> parseEditCommand(const QStrin
                                     QStringLiteral("Where --color runs: cpu or gpu (picked when absent)."),
                                     QStringLiteral("cpu|gpu"));
     const QCommandLineOption resize(
-        QStringLiteral("resize"), QStringLiteral("Resizes the result to WxH points."), QStringLiteral("WxH"));
+        QStringLiteral("resize"),
+        QStringLiteral("Resizes the result to WxH points, %1 pixels at most.").arg(ImageHelpers::kMaxPixels),
+        QStringLiteral("WxH"));
     const QCommandLineOption format(
         QStringLiteral("format"),
-        QStringLiteral("Encoding: jpg, jpg:QUALITY (0 to 100) or png; jpg:100 when absent."),
+        QStringLiteral("Encoding: jpg, jpg:QUALITY (0 to 100) or png. When absent, an output named .png is "
+                       "PNG and any other jpg:100; a format that contradicts a .png, .jpg or .jpeg name is "
+                       "refused."),
         QStringLiteral("FORMAT"));
     const QCommandLineOption output(QStringLiteral("output"),
-                                    QStringLiteral("Where to write; a new file in Documents when absent."),
+                                    QStringLiteral("Where to write; a new file in Documents when absent. Its "
+                                                   "folder must exist and take a new file, and a file "
+                                                   "already there is replaced."),
                                     QStringLiteral("PATH"));
     const QCommandLineOption keepLocation(
         QStringLiteral("keep-location"),
@@ -185,6 +231,12 @@ std::variant<EditOptions, UsageError, InfoRequest> parseEditCommand(const QStrin
         options.resize = parseSize(parser.value(resize));
         if (!options.resize)
             return UsageError{QStringLiteral("--resize takes WIDTHxHEIGHT in whole points, e.g. 1200x800.")};
+        // The session would quietly keep the picture's own size.
+        if (!ImageHelpers::fitsPixelLimit(*options.resize))
+            return UsageError{
+                QStringLiteral("--resize %1 asks for more than the %2 pixels an image can hold.")
+                    .arg(parser.value(resize))
+                    .arg(ImageHelpers::kMaxPixels)};
     }
     if (parser.isSet(format)) {
         const auto parsed = parseFormat(parser.value(format));
@@ -207,8 +259,20 @@ std::variant<EditOptions, UsageError, InfoRequest> parseEditCommand(const QStrin
             return UsageError{QStringLiteral("--engine chooses where --color runs; give --color too.")};
         options.engine = value == u"cpu" ? FiltersManager::Engine::Cpu : FiltersManager::Engine::Gpu;
     }
-    if (parser.isSet(output))
+    if (parser.isSet(output)) {
         options.output = parser.value(output);
+        if (const auto named = formatNamedBy(*options.output)) {
+            if (!parser.isSet(format))
+                options.format = *named == QuorvaneSdkImageOutputFormat::Kind::png
+                                     ? QuorvaneSdkImageOutputFormat::png()
+                                     : QuorvaneSdkImageOutputFormat::jpg(100);
+            else if (options.format.kind() != *named)
+                return UsageError{
+                    QStringLiteral("--format %1 contradicts the output's name \"%2\"; leave --format out or "
+                                   "make them agree.")
+                        .arg(parser.value(format), *options.output)};
+        }
+    }
     if (parser.isSet(keepLocation) && parser.isSet(stripMetadata))
         return UsageError{
             QStringLiteral("--keep-location and --strip-metadata contradict each other; give one.")};
@@ -218,9 +282,23 @@ std::variant<EditOptions, UsageError, InfoRequest> parseEditCommand(const QStrin
 
 int runEditCommand(const EditOptions& options, QTextStream& out, QTextStream& err)
 {
-    std::optional<QUrl> outputURL;
-    if (options.output)
-        outputURL = QUrl::fromLocalFile(QFileInfo(*options.output).absoluteFilePath());
+    // Named here rather than by the saver, so that every failure can name it.
+    const QUrl outputURL = options.output ? QUrl::fromLocalFile(QFileInfo(*options.output).absoluteFilePath())
+                                          : ImageSaverImp::getOutputURL(options.format);
+    if (const QString problem = destinationProblem(outputURL.toLocalFile()); !problem.isEmpty()) {
+        printWriteFailure(err, outputURL, problem);
+        return QuorvaneSdkImageError::unableToSaveCroppedImage;
+    }
+    std::unique_ptr<FiltersManager> filters;
+    if (options.color) {
+        filters = options.engine ? std::make_unique<FiltersManager>(*options.engine)
+                                 : std::make_unique<FiltersManager>();
+        if (options.engine == FiltersManager::Engine::Gpu &&
+            filters->engine() != FiltersManager::Engine::Gpu) {
+            err << "No GPU can run the colour matrix here; leave --engine out or use --engine cpu.\n";
+            return kExitUsage;
+        }
+    }
     QuorvaneSdkImageEditorPreset preset(QUrl::fromLocalFile(QFileInfo(options.input).absoluteFilePath()),
                                         options.format, outputURL, options.resize);
     preset.setMetadataPolicy(options.metadata);
@@ -248,14 +326,7 @@ int runEditCommand(const EditOptions& options, QTextStream& out, QTextStream& er
             return error.code();
         }
     }
-    if (options.color) {
-        const auto filters = options.engine ? std::make_unique<FiltersManager>(*options.engine)
-                                            : std::make_unique<FiltersManager>();
-        if (options.engine == FiltersManager::Engine::Gpu &&
-            filters->engine() != FiltersManager::Engine::Gpu) {
-            err << "No GPU can run the colour matrix here; leave --engine out or use --engine cpu.\n";
-            return kExitUsage;
-        }
+    if (filters) {
         image = filters->applyColorMatrix(*image, *options.color);
         if (!image) {
             err << "The colour matrix could not be applied to the image.\n";
@@ -267,8 +338,7 @@ int runEditCommand(const EditOptions& options, QTextStream& out, QTextStream& er
         if (saver->failure->code() == QuorvaneSdkImageError::unableToCompressImage)
             err << "Cannot encode the image in the requested format.\n";
         else
-            err << "Cannot write the output file"
-                << (outputURL ? QStringLiteral(" \"%1\"").arg(outputURL->toLocalFile()) : QString()) << ".\n";
+            printWriteFailure(err, outputURL, saver->failure->reason());
         return saver->failure->code();
     }
     out << result.editedImageURL()->toLocalFile() << "\n";

@@ -8,9 +8,9 @@
 
 namespace {
 
-// Only the colour engine needs the GPU, and only a GUI application reaches it. Decided on the raw words,
-// before an application exists to decode them.
-bool needsGpu(int argc, char* argv[])
+// Only the colour engine needs the GPU. Decided on the raw words, before an application exists to decode
+// them.
+bool wantsGpu(int argc, char* argv[])
 {
     bool color = false;
     bool cpu = false;
@@ -22,26 +22,42 @@ bool needsGpu(int argc, char* argv[])
     return color && !cpu;
 }
 
+// The platform a GUI application would start on: the one asked for, else a display that answers, else none
+// (the offscreen platform).
+QByteArray guiPlatform()
+{
+    if (!qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        return qgetenv("QT_QPA_PLATFORM");
+#ifdef Q_OS_LINUX
+    if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
+        return "offscreen";
+    return qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ? "xcb;offscreen" : "wayland;xcb;offscreen";
+#else
+    return {};
+#endif
+}
+
+// The offscreen and minimal platforms reach no GPU: there the colour engine is the CPU's whatever the
+// application, and a GUI application would only cost its start (and, without XDG_RUNTIME_DIR, a warning).
+bool reachesGpu(const QByteArray& platform)
+{
+    const QByteArray first = platform.split(';').constFirst().split(':').constFirst();
+    return first != "offscreen" && first != "minimal";
+}
+
 } // namespace
 
 int main(int argc, char* argv[])
 {
     std::unique_ptr<QCoreApplication> app;
-    if (needsGpu(argc, argv)) {
+    const QByteArray platform = guiPlatform();
+    if (wantsGpu(argc, argv) && reachesGpu(platform)) {
         // Points stay pixels whatever the display, as without a GUI.
         if (qEnvironmentVariableIsEmpty("QT_ENABLE_HIGHDPI_SCALING"))
             qputenv("QT_ENABLE_HIGHDPI_SCALING", "0");
-#ifdef Q_OS_LINUX
-        // Without a display that answers, the application starts offscreen and the CPU engine does the work.
-        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
-            if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
-                qputenv("QT_QPA_PLATFORM", "offscreen");
-            else
-                qputenv("QT_QPA_PLATFORM", qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")
-                                               ? "xcb;offscreen"
-                                               : "wayland;xcb;offscreen");
-        }
-#endif
+        // A display that does not answer leaves the offscreen platform, and the CPU engine does the work.
+        if (!platform.isEmpty())
+            qputenv("QT_QPA_PLATFORM", platform);
         app = std::make_unique<QGuiApplication>(argc, argv);
     } else {
         app = std::make_unique<QCoreApplication>(argc, argv);

@@ -16,15 +16,12 @@
 namespace ImageHelpers {
 namespace {
 
-// Beyond this a bitmap is a host's mistake, not a picture: 1 GiB at four bytes a pixel.
-constexpr qreal kMaxPixels = 268'435'456.0;
-
 std::optional<QSize> pixelSizeFor(QSizeF points, qreal scale)
 {
     const qreal width = std::ceil(points.width() * scale);
     const qreal height = std::ceil(points.height() * scale);
     if (!std::isfinite(width) || !std::isfinite(height) || width < 1.0 || height < 1.0 ||
-        width * height > kMaxPixels)
+        width * height > qreal(kMaxPixels))
         return std::nullopt;
     return QSize(static_cast<int>(width), static_cast<int>(height));
 }
@@ -37,7 +34,7 @@ QImage newImage(QSize size, QImage::Format format)
 {
 #ifdef QUORVANE_HUGE_PAGES
     const int depth = QImage::toPixelFormat(format).bitsPerPixel();
-    if (size.isEmpty() || depth <= 0 || qreal(size.width()) * size.height() > kMaxPixels)
+    if (size.isEmpty() || depth <= 0 || qint64(size.width()) * size.height() > kMaxPixels)
         return QImage(size, format);
     const qsizetype bytesPerLine = ((qsizetype(size.width()) * depth + 31) / 32) * 4;
     const qsizetype bytes = bytesPerLine * size.height();
@@ -149,6 +146,11 @@ std::optional<QImage> redrawnAtScreenScale(const QImage& image)
     painter.drawImage(QRectF(QPointF(0, 0), points), image);
     painter.end();
     return canvas;
+}
+
+bool fitsPixelLimit(QSizeF points)
+{
+    return pixelSizeFor(points, screenScale()).has_value();
 }
 
 std::optional<QImage> resized(const QImage& image, QSizeF size)

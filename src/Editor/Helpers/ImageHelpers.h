@@ -8,8 +8,15 @@
 /// Pure image operations: the input is never changed.
 namespace ImageHelpers {
 
+/// Beyond this many pixels a bitmap is a host's mistake, not a picture: 1 GiB at four bytes a pixel. Resizing
+/// to more leaves the picture as it was.
+inline constexpr qint64 kMaxPixels = 268'435'456;
+
 /// The primary screen's device pixel ratio, 1.0 without a screen.
 qreal screenScale();
+
+/// Whether \a points at the screen's scale stay within kMaxPixels: resized() refuses larger sizes.
+bool fitsPixelLimit(QSizeF points);
 
 /// An upright, non-opaque copy of \a image with the same size in points, redrawn at the screen's scale when
 /// that has fewer pixels; an image of a lower scale than the screen keeps its own pixels and scale. Empty for

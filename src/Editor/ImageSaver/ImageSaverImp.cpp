@@ -75,10 +75,10 @@ QUrl ImageSaverImp::save(const QImage& image, const QuorvaneSdkImageOutputFormat
     const QUrl url = outputURL ? *outputURL : getOutputURL(outputFormat);
     try {
         saveImageDataToLocalURL(*data, url);
-    } catch (const QuorvaneSdkImageError&) {
+    } catch (const QuorvaneSdkImageError& error) {
         ImageLogger::shared().log(kTag, QStringLiteral("save image data to local failed"),
                                   SharedQuorvaneSdkLogSeverity::error);
-        throw QuorvaneSdkImageError(QuorvaneSdkImageError::unableToSaveCroppedImage);
+        throw QuorvaneSdkImageError(QuorvaneSdkImageError::unableToSaveCroppedImage, error.reason());
     }
     return url;
 }
@@ -120,8 +120,26 @@ void ImageSaverImp::saveImageDataToLocalURL(const QByteArray& data, const QUrl& 
 {
     // Written beside the destination and renamed over it only when complete, so a failed or interrupted
     // write never leaves a partial file and never destroys the file that was there.
+    if (!url.isLocalFile())
+        throw QuorvaneSdkImageError(QuorvaneSdkImageError::unableToSaveCroppedImage,
+                                    QStringLiteral("not a local file"));
+    // The log record stays the same whatever the cause; the reason travels with the error for a caller
+    // that can show it.
+    const auto failed = [](const QSaveFile& file) {
+        return QuorvaneSdkImageError(QuorvaneSdkImageError::unableToSaveCroppedImage,
+                                     file.error() == QFileDevice::NoError ? QString() : file.errorString());
+    };
     QSaveFile file(url.toLocalFile());
-    if (!url.isLocalFile() || !file.open(QIODevice::WriteOnly) || file.write(data) != data.size() ||
-        !file.commit())
-        throw QuorvaneSdkImageError(QuorvaneSdkImageError::unableToSaveCroppedImage);
+    // Unbuffered: Qt 6.4's commit() renames a file whose buffered bytes did not all reach the disk.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+        throw failed(file);
+    // A full disk first shows as a short write with no error; only the next write says why.
+    for (qint64 written = 0; written < data.size();) {
+        const qint64 count = file.write(data.constData() + written, data.size() - written);
+        if (count <= 0)
+            throw failed(file);
+        written += count;
+    }
+    if (!file.commit())
+        throw failed(file);
 }

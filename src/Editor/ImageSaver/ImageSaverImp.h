@@ -10,11 +10,13 @@ public:
               const std::optional<QUrl>& outputURL, const PhotoMetadata& metadata,
               const QuorvaneSdkImageMetadataPolicy& policy) override;
 
+    /// A new file in the documents folder (made when missing): what save() writes when given no URL.
+    static QUrl getOutputURL(const QuorvaneSdkImageOutputFormat& outputFormat);
+
 private:
     static std::optional<QByteArray> getCompressImageData(const QImage& image,
                                                           const QuorvaneSdkImageOutputFormat& outputFormat,
                                                           const PhotoMetadata& metadata,
                                                           const QuorvaneSdkImageMetadataPolicy& policy);
-    static QUrl getOutputURL(const QuorvaneSdkImageOutputFormat& outputFormat);
     static void saveImageDataToLocalURL(const QByteArray& data, const QUrl& url);
 };
