@@ -14,14 +14,24 @@ ApplicationWindow {
     visible: true
 
     Column {
-        anchors.centerIn: parent
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.verticalCenter: parent.verticalCenter
+        anchors.margins: 16
         spacing: 16
         Button {
+            anchors.horizontalCenter: parent.horizontalCenter
             text: "Edit photo"
             enabled: window.photo !== ""
             onClicked: window.editing = true
         }
-        Label { text: window.saved }
+        // A saved file's path is long: it wraps within the window instead of widening the column.
+        Label {
+            width: parent.width
+            horizontalAlignment: Text.AlignHCenter
+            wrapMode: Text.WrapAnywhere
+            text: window.saved
+        }
     }
 
     // Covers the window while `editing` is true; the host closes it.

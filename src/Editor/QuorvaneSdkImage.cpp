@@ -1,6 +1,7 @@
 #include "QuorvaneSdkImage.h"
 
 #include "Localization/QuorvaneSdkImageTranslations.h"
+#include "Logger/ModuleLog.h"
 
 QuorvaneSdkImageEditorPreset
 QuorvaneSdkImage::presetFromImageUrl(const QUrl& imageURL, const QuorvaneSdkImageOutputFormat& outputFormat,
@@ -11,6 +12,11 @@ QuorvaneSdkImage::presetFromImageUrl(const QUrl& imageURL, const QuorvaneSdkImag
         imageURL, outputFormat, outputURL.isEmpty() ? std::nullopt : std::optional<QUrl>(outputURL),
         newSize.isEmpty() ? std::nullopt : std::optional<QSizeF>(newSize), maxImagePixels);
     preset.setMetadataPolicy({keepLocation, stripMetadata});
+    // QML shows only "Could not preview input image."; the host's developer reads why here. No URL yet is
+    // a binding waiting for its photo, not a mistake.
+    if (!preset.hasImage() && !imageURL.isEmpty())
+        qCWarning(quorvaneSdkImage).noquote()
+            << "QuorvaneSdkImage.presetFromImageUrl:" << preset.loadFailure();
     return preset;
 }
 

@@ -22,7 +22,8 @@ public:
     }
     Q_INVOKABLE QuorvaneSdkImageOutputFormat png() const { return QuorvaneSdkImageOutputFormat::png(); }
 
-    /// A preset that loads \a imageURL. An empty \a outputURL lets the editor name a new file in Documents;
+    /// A preset that loads \a imageURL, a file: URL or an absolute path; when it cannot, the component's
+    /// logging category warns why. An empty \a outputURL lets the editor name a new file in Documents;
     /// an empty or non-finite \a newSize keeps the image's size. A file of more than \a maxImagePixels pixels
     /// is not loaded (the error screen shows instead). The written file keeps the photo's date, camera and
     /// exposure, its location only with \a keepLocation, and no metadata at all with \a stripMetadata.

@@ -5,7 +5,25 @@
 #include "Helpers/ImageLoader.h"
 #include "Helpers/PhotoMetadata.h"
 
+#include <QDir>
+
 namespace {
+
+// A plain absolute path names a local file as well as a file: URL does; hosts pass one as often.
+std::optional<QString> localPath(const QUrl& url)
+{
+    if (url.isLocalFile())
+        return url.toLocalFile();
+    if (!url.scheme().isEmpty() || !QDir::isAbsolutePath(url.path()))
+        return std::nullopt;
+    // A path may hold '?' and '#', which the URL took for a query and a fragment.
+    QString path = url.path(QUrl::FullyDecoded);
+    if (url.hasQuery())
+        path += u'?' + url.query(QUrl::FullyDecoded);
+    if (url.hasFragment())
+        path += u'#' + url.fragment(QUrl::FullyDecoded);
+    return path;
+}
 
 // A size that is not finite cannot be resized to: the picture keeps its own, as without a size.
 std::optional<QSizeF> finiteOrNone(std::optional<QSizeF> size)
@@ -35,11 +53,17 @@ QuorvaneSdkImageEditorPreset::QuorvaneSdkImageEditorPreset(const QUrl& imageURL,
     , m_outputURL(std::move(outputURL))
     , m_newSize(finiteOrNone(newSize))
 {
-    if (!imageURL.isLocalFile()) {
-        m_loadFailure = QStringLiteral("\"%1\" is not a local file URL.").arg(imageURL.toString());
+    const std::optional<QString> path = localPath(imageURL);
+    if (!path) {
+        m_loadFailure =
+            imageURL.scheme().isEmpty()
+                ? QStringLiteral("\"%1\" is a relative path; give an absolute path or a file: URL.")
+                      .arg(imageURL.toString())
+                : QStringLiteral("\"%1\" is not a local file; give an absolute path or a file: URL.")
+                      .arg(imageURL.toString());
         return;
     }
-    ImageLoadResult loaded = loadImageFile(imageURL.toLocalFile(), maxImagePixels);
+    ImageLoadResult loaded = loadImageFile(*path, maxImagePixels);
     m_image = std::move(loaded.image);
     m_loadFailure = std::move(loaded.failure);
     m_metadata = std::make_shared<const PhotoMetadata>(std::move(loaded.metadata));

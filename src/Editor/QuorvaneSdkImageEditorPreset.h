@@ -31,8 +31,9 @@ public:
     QuorvaneSdkImageEditorPreset(const QImage& image, QuorvaneSdkImageOutputFormat outputFormat,
                                  std::optional<QUrl> outputURL, std::optional<QSizeF> newSize);
 
-    /// Loads the local file \a imageURL upright (EXIF orientation applied). A missing, unreadable, corrupt,
-    /// truncated or over-large file leaves the image empty and says why in loadFailure().
+    /// Loads the local file \a imageURL (a file: URL or a plain absolute path) upright, EXIF orientation
+    /// applied. A relative path, another scheme, or a missing, unreadable, corrupt, truncated or over-large
+    /// file leaves the image empty and says why in loadFailure().
     explicit QuorvaneSdkImageEditorPreset(
         const QUrl& imageURL,
         QuorvaneSdkImageOutputFormat outputFormat = QuorvaneSdkImageOutputFormat::jpg(100),

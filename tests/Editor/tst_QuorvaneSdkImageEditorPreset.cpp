@@ -4,6 +4,7 @@
 #include "NonFinite.h"
 #include "TestImages.h"
 
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -61,11 +62,20 @@ private slots:
         QVERIFY(!preset.image());
     }
 
+    void fromURL_defaultsToBestJpegAndNoDestination_data()
+    {
+        QTest::addColumn<bool>("plainPath");
+        QTest::newRow("file URL") << false;
+        // As QML hands over a string such as "/home/me/photo #1.png".
+        QTest::newRow("plain absolute path") << true;
+    }
+
     void fromURL_defaultsToBestJpegAndNoDestination()
     {
-        const QString path = m_dir.filePath(QStringLiteral("a.png"));
+        QFETCH(bool, plainPath);
+        const QString path = m_dir.filePath(QStringLiteral("photo #1.png"));
         QVERIFY(writeFile(path, encode(quadrants(QSize(12, 10)), "png")));
-        const QuorvaneSdkImageEditorPreset preset{QUrl::fromLocalFile(path)};
+        const QuorvaneSdkImageEditorPreset preset{plainPath ? QUrl(path) : QUrl::fromLocalFile(path)};
 
         QVERIFY(preset.image());
         QCOMPARE(preset.image()->size(), QSize(12, 10));
@@ -82,6 +92,7 @@ private slots:
                                  << "does not exist";
         QTest::newRow("remote") << QUrl(QStringLiteral("https://example.invalid/a.jpg"))
                                 << "not a local file";
+        QTest::newRow("relative path") << QUrl(QStringLiteral("photos/a.jpg")) << "relative path";
     }
 
     void fromURL_thatCannotBeLoaded_hasNoImageAndSaysWhy()
@@ -91,6 +102,9 @@ private slots:
         const QuorvaneSdkImageEditorPreset preset{url};
         QVERIFY(!preset.image());
         QVERIFY2(preset.loadFailure().contains(reason), qPrintable(preset.loadFailure()));
+        // QML shows the error screen only; the warning tells the host's developer why.
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QRegularExpression::escape(reason)));
+        QVERIFY(!QuorvaneSdkImage().presetFromImageUrl(url).image());
     }
 
     void fromURL_honoursTheHostsPixelLimit_data()
