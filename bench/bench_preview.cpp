@@ -1,10 +1,17 @@
-// What a quarter turn costs on screen with a big photo: the preview fits the turned frame again. The photo
+// What a quarter turn costs on screen with a big photo: the preview fits the turned frame again; and how long
+// the screen stops drawing while CROP makes its result, off the GUI thread and, as the peer, on it. The photo
 // comes from QUORVANE_BENCH_PHOTO (bench/big-photos prepares a 48-megapixel one).
 #include "Editor/Common/ImagePreview.h"
+#include "Editor/Cropper/CropperViewModel.h"
+#include "Editor/Cropper/ImageCropperImp.h"
 #include "Editor/Helpers/ImageLoader.h"
 
+#include <QElapsedTimer>
 #include <QGuiApplication>
+#include <QQmlComponent>
+#include <QQmlEngine>
 #include <QQuickItem>
+#include <QQuickView>
 #include <QQuickWindow>
 #include <benchmark/benchmark.h>
 
@@ -33,8 +40,62 @@ void refitAfterTurn(benchmark::State& state)
         double(preview->previewPixelSize().width()) * preview->previewPixelSize().height();
 }
 
+// Arg 1: CROP as the screen calls it (acceptInBackground); arg 0: the same crop made on the GUI thread.
+void longestFrameGapDuringCrop(benchmark::State& state)
+{
+    const ImageLoadResult loaded = loadImageFile(qEnvironmentVariable("QUORVANE_BENCH_PHOTO"), 100'000'000);
+    if (!loaded.image)
+        qFatal("cannot load the benchmark photo: %s", qPrintable(loaded.failure));
+    QQuickView view;
+    view.resize(390, 844);
+    // Something that moves on every frame, as the spinner does.
+    view.setSource(QUrl(QStringLiteral("data:text/plain,import QtQuick\nRectangle { width: 40; height: 40; "
+                                       "NumberAnimation on rotation { from: 0; to: 360; loops: -1 } }")));
+    if (view.status() != QQuickView::Ready)
+        qFatal("cannot load the benchmark scene");
+    view.show();
+    QElapsedTimer clock;
+    qint64 lastFrame = 0;
+    qint64 longestGap = 0;
+    QObject::connect(&view, &QQuickWindow::frameSwapped, &view, [&] {
+        const qint64 now = clock.nsecsElapsed();
+        longestGap = std::max(longestGap, now - lastFrame);
+        lastFrame = now;
+    });
+    const bool inBackground = state.range(0) == 1;
+    double gaps = 0;
+    double work = 0;
+    for (auto _ : state) {
+        bool done = false;
+        CropperViewModel cropper(*loaded.image, std::make_shared<ImageCropperImp>(),
+                                 [&](std::optional<QImage> image) {
+                                     done = true;
+                                     benchmark::DoNotOptimize(image);
+                                 });
+        cropper.rotateRight(true);
+        clock.start();
+        lastFrame = 0;
+        longestGap = 0;
+        if (inBackground)
+            cropper.acceptInBackground();
+        else
+            cropper.accept();
+        while (!done)
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+        work += double(clock.nsecsElapsed()) / 1e6;
+        // The frame that follows the work ends the last gap.
+        const qint64 end = clock.nsecsElapsed();
+        while (lastFrame < end && clock.nsecsElapsed() - end < 1'000'000'000)
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+        gaps += double(longestGap) / 1e6;
+    }
+    state.counters["longest frame gap ms"] = gaps / double(state.iterations());
+    state.counters["crop ms"] = work / double(state.iterations());
+}
+
 } // namespace
 
+BENCHMARK(longestFrameGapDuringCrop)->Arg(1)->Arg(0)->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(refitAfterTurn)->Unit(benchmark::kMillisecond)->MinTime(2.0);
 
 int main(int argc, char** argv)

@@ -13,12 +13,21 @@ Rectangle {
     // Once the editor has answered, the host takes it away: until then nothing in it acts.
     enabled: !root.viewModel.hasReturned
 
+    EditorLayout {
+        id: layout
+        size: Qt.size(root.width, root.height)
+        topInset: root.topInset
+        bottomInset: root.bottomInset
+    }
+
     Item {
         id: basePage
         objectName: "basePage"
 
         anchors.fill: parent
         visible: root.viewModel.page === ImageEditorViewModel.Base
+        // Nothing else is taken while the editor asks before closing or saves.
+        enabled: !root.viewModel.isConfirmingClose && !root.viewModel.isWorking
         // Springs back into place when a tool page closes, as tool pages spring open.
         scale: visible ? 1 : 0.95
 
@@ -31,38 +40,44 @@ Rectangle {
         }
 
         Shortcut {
-            enabled: basePage.visible
+            enabled: basePage.visible && basePage.enabled
             // Qt 6.4's qmllint cannot see StandardKey, which QtQuick registers as a value type.
             sequences: [StandardKey.Undo] // qmllint disable unqualified
             onActivated: root.viewModel.restoreLastImageVersion()
         }
 
-        Rectangle {
-            id: topBar
-            anchors.left: parent.left
-            anchors.right: parent.right
-            anchors.top: parent.top
-            height: root.topInset + 60
-            color: "black"
+        ImagePreview {
+            objectName: "currentImage"
+            x: layout.picture.x
+            y: layout.picture.y
+            width: layout.picture.width
+            height: layout.picture.height
+            showsTransparency: true
+            image: root.viewModel.image
+            Accessible.role: Accessible.Graphic
+            Accessible.name: qsTr("Picture being edited")
+        }
 
-            Row {
+        Item {
+            id: topBar
+            x: layout.topBar.x
+            y: layout.topBar.y
+            width: layout.topBar.width
+            height: layout.topBar.height
+
+            CircularButton {
+                objectName: "closeButton"
                 anchors.left: parent.left
                 anchors.leftMargin: 12
-                anchors.bottom: parent.bottom
-                anchors.bottomMargin: 8
-
-                CircularButton {
-                    objectName: "closeButton"
-                    iconSource: BrandImage.close
-                    accessibleName: qsTr("Close")
-                    onClicked: root.viewModel.close()
-                }
+                anchors.verticalCenter: parent.verticalCenter
+                iconSource: BrandImage.close
+                accessibleName: qsTr("Close")
+                onClicked: root.viewModel.requestClose()
             }
             Row {
                 anchors.right: parent.right
                 anchors.rightMargin: 12
-                anchors.bottom: parent.bottom
-                anchors.bottomMargin: 8
+                anchors.verticalCenter: parent.verticalCenter
                 spacing: 12
                 visible: root.viewModel.hasPreviousImageVersions
 
@@ -73,6 +88,7 @@ Rectangle {
                     onClicked: root.viewModel.restoreLastImageVersion()
                 }
                 BrandButton {
+                    id: continueButton
                     objectName: "continueButton"
                     implicitWidth: continueLabel.implicitWidth + 32
                     implicitHeight: 44
@@ -81,7 +97,8 @@ Rectangle {
 
                     background: Rectangle {
                         radius: 8
-                        color: BrandColor.gray
+                        // Held down while the picture is written.
+                        color: continueButton.pressed || root.viewModel.isWorking ? "#5a5a5e" : BrandColor.gray
                         border.color: "white"
                         border.width: 2
                     }
@@ -97,32 +114,19 @@ Rectangle {
             }
         }
 
-        ImagePreview {
-            objectName: "currentImage"
-            anchors.left: parent.left
-            anchors.right: parent.right
-            anchors.top: topBar.bottom
-            anchors.bottom: tabBar.top
-            anchors.margins: 8
-            showsTransparency: true
-            image: root.viewModel.image
-            Accessible.role: Accessible.Graphic
-            Accessible.name: qsTr("Picture being edited")
-        }
-
         Rectangle {
             id: tabBar
             objectName: "tabBar"
 
-            anchors.left: parent.left
-            anchors.right: parent.right
-            anchors.bottom: parent.bottom
-            height: 72 + root.bottomInset
+            x: layout.tabBar.x
+            y: layout.tabBar.y
+            width: layout.tabBar.width
+            height: layout.tabBar.height
             color: BrandColor.gray
 
+            // The tabs lead; on a wide screen they lead a centred column rather than the screen's edge.
             Row {
-                anchors.left: parent.left
-                anchors.leftMargin: 16
+                x: layout.controls.x - layout.tabBar.x + 16
                 anchors.top: parent.top
                 anchors.topMargin: 8
                 spacing: 24
@@ -157,6 +161,15 @@ Rectangle {
                     onClicked: root.viewModel.navigate(ImageEditorViewModel.Adjust)
                 }
             }
+        }
+
+        WorkIndicator {
+            objectName: "savingIndicator"
+            x: layout.picture.x
+            y: layout.picture.y
+            width: layout.picture.width
+            height: layout.picture.height
+            running: root.viewModel.isWorking
         }
     }
 
@@ -232,4 +245,15 @@ Rectangle {
         }
     }
     // qmllint enable unqualified
+
+    Loader {
+        anchors.fill: parent
+        // Keys go to the question while it is open.
+        focus: active
+        active: root.viewModel.isConfirmingClose
+        sourceComponent: DiscardEditsView {
+            onDiscard: root.viewModel.discardEdits()
+            onKeepEditing: root.viewModel.keepEditing()
+        }
+    }
 }

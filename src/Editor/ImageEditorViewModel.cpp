@@ -1,6 +1,7 @@
 #include "ImageEditorViewModel.h"
 
 #include "Cropper/ImageCropperImp.h"
+#include "Helpers/Notify.h"
 
 #include <QMetaEnum>
 
@@ -97,6 +98,35 @@ void ImageEditorViewModel::leave(std::optional<QImage> image)
     m_hasReturned = true;
     emit hasReturnedChanged();
     emit returnAction(std::move(image));
+}
+
+void ImageEditorViewModel::setWorking(bool working)
+{
+    assignAndNotify(this, m_isWorking, working, &ImageEditorViewModel::isWorkingChanged);
+}
+
+void ImageEditorViewModel::requestClose()
+{
+    if (m_hasReturned || m_page != Page::base)
+        return;
+    if (!hasPreviousImageVersions()) {
+        close();
+        return;
+    }
+    assignAndNotify(this, m_isConfirmingClose, true, &ImageEditorViewModel::isConfirmingCloseChanged);
+}
+
+void ImageEditorViewModel::discardEdits()
+{
+    if (!m_isConfirmingClose)
+        return;
+    assignAndNotify(this, m_isConfirmingClose, false, &ImageEditorViewModel::isConfirmingCloseChanged);
+    close();
+}
+
+void ImageEditorViewModel::keepEditing()
+{
+    assignAndNotify(this, m_isConfirmingClose, false, &ImageEditorViewModel::isConfirmingCloseChanged);
 }
 
 std::optional<QImage> ImageEditorViewModel::getLastImageVersion()

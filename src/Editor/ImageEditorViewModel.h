@@ -35,6 +35,10 @@ class ImageEditorViewModel : public QObject
     Q_PROPERTY(AdjustImageViewModel* adjustment READ adjustment NOTIFY pageChanged)
     /// The editor has handed back its result; from then on it takes no more edits.
     Q_PROPERTY(bool hasReturned READ hasReturned NOTIFY hasReturnedChanged)
+    /// The result handed back is being resized, encoded and written.
+    Q_PROPERTY(bool isWorking READ isWorking NOTIFY isWorkingChanged)
+    /// The close button was pressed while there are edits: the screen asks before throwing them away.
+    Q_PROPERTY(bool isConfirmingClose READ isConfirmingClose NOTIFY isConfirmingCloseChanged)
 
 public:
     enum class Page {
@@ -70,6 +74,9 @@ public:
     FiltersViewModel* filters() const { return qobject_cast<FiltersViewModel*>(m_toolPage); }
     AdjustImageViewModel* adjustment() const { return qobject_cast<AdjustImageViewModel*>(m_toolPage); }
     bool hasReturned() const { return m_hasReturned; }
+    bool isWorking() const { return m_isWorking; }
+    void setWorking(bool working);
+    bool isConfirmingClose() const { return m_isConfirmingClose; }
 
     Q_INVOKABLE void navigate(Page page);
     /// navigate() by raw value; other texts are ignored.
@@ -84,6 +91,11 @@ public:
 
     /// The close button: leaves the editor without an image. The editor is left once; later calls do nothing.
     Q_INVOKABLE void close() { leave(std::nullopt); }
+    /// The close button as screens offer it: close() at once without edits; with edits, it asks first.
+    Q_INVOKABLE void requestClose();
+    /// The answers to that question.
+    Q_INVOKABLE void discardEdits();
+    Q_INVOKABLE void keepEditing();
     /// "CONTINUE": leaves the editor with the current image.
     Q_INVOKABLE void finish() { leave(m_image); }
 
@@ -92,6 +104,8 @@ signals:
     void previousImageVersionsChanged();
     void pageChanged();
     void hasReturnedChanged();
+    void isWorkingChanged();
+    void isConfirmingCloseChanged();
     /// The editor is left, with the image to deliver or without one.
     void returnAction(std::optional<QImage> image);
 
@@ -104,4 +118,6 @@ private:
     Page m_page = Page::base;
     QPointer<ToolPageViewModel> m_toolPage;
     bool m_hasReturned = false;
+    bool m_isWorking = false;
+    bool m_isConfirmingClose = false;
 };

@@ -19,6 +19,8 @@ Rectangle {
     QuorvaneSdkImageEditorViewModel {
         id: session
         preset: root.preset
+        // The screen keeps drawing, and shows progress, while a large photo is written.
+        savesInBackground: true
         onCompletion: (result) => root.completion(result)
     }
 

@@ -1,7 +1,9 @@
 #include "QuorvaneSdkImageEditorViewModel.h"
 
 #include "Error/QuorvaneSdkImageError.h"
+#include "Helpers/BackgroundWork.h"
 #include "Helpers/ImageHelpers.h"
+#include "Helpers/Notify.h"
 #include "ImageSaver/ImageSaverImp.h"
 #include "Logger/ImageLogger.h"
 
@@ -38,30 +40,63 @@ void QuorvaneSdkImageEditorViewModel::start()
     if (m_image) {
         m_editor = new ImageEditorViewModel(*m_image, this);
         connect(m_editor, &ImageEditorViewModel::returnAction, this,
-                [this](const std::optional<QImage>& image) { emit completion(getResult(image)); });
+                [this](const std::optional<QImage>& image) { deliver(image); });
     }
     m_started = true;
     emit imageChanged();
     emit startedChanged();
 }
 
-QuorvaneSdkImageEditorResult QuorvaneSdkImageEditorViewModel::getResult(const std::optional<QImage>& image)
+namespace {
+
+QuorvaneSdkImageEditorResult makeResult(const QuorvaneSdkImageEditorPreset& preset, ImageSaver& saver,
+                                        const std::optional<QImage>& image)
 {
     if (!image)
         return {};
     QImage resultImage = *image;
-    if (const auto newSize = m_preset.newSize()) {
+    if (const auto newSize = preset.newSize()) {
         if (auto resized = ImageHelpers::resized(resultImage, *newSize))
             resultImage = std::move(*resized);
     }
     std::optional<QUrl> url;
     try {
-        url = m_imageSaver->save(resultImage, m_preset.outputFormat(), m_preset.outputURL(),
-                                 m_preset.metadata(), m_preset.metadataPolicy());
+        url = saver.save(resultImage, preset.outputFormat(), preset.outputURL(), preset.metadata(),
+                         preset.metadataPolicy());
     } catch (const QuorvaneSdkImageError&) {
         // Already logged by the saver; the host still gets the image.
     }
     return {std::move(resultImage), std::move(url)};
+}
+
+} // namespace
+
+QuorvaneSdkImageEditorResult QuorvaneSdkImageEditorViewModel::getResult(const std::optional<QImage>& image)
+{
+    return makeResult(m_preset, *m_imageSaver, image);
+}
+
+void QuorvaneSdkImageEditorViewModel::setSavesInBackground(bool inBackground)
+{
+    assignAndNotify(this, m_savesInBackground, inBackground,
+                    &QuorvaneSdkImageEditorViewModel::savesInBackgroundChanged);
+}
+
+void QuorvaneSdkImageEditorViewModel::deliver(const std::optional<QImage>& image)
+{
+    if (!m_savesInBackground || !image) {
+        emit completion(getResult(image));
+        return;
+    }
+    m_editor->setWorking(true);
+    // The preset is fixed once the session has started, and the saver keeps no state: copies of both serve
+    // the pool thread.
+    runInBackground<QuorvaneSdkImageEditorResult>(
+        this, [preset = m_preset, saver = m_imageSaver, image] { return makeResult(preset, *saver, image); },
+        [this](QuorvaneSdkImageEditorResult result) {
+            m_editor->setWorking(false);
+            emit completion(result);
+        });
 }
 
 QuorvaneSdkImageEditorResult QuorvaneSdkImageEditorViewModel::resultFor(const QVariant& image)

@@ -23,6 +23,11 @@ class QuorvaneSdkImageEditorViewModel : public QObject, public QQmlParserStatus
     Q_PROPERTY(bool started READ started NOTIFY startedChanged)
     /// The editor, for as long as the session lives; null when there is no image.
     Q_PROPERTY(ImageEditorViewModel* editor READ editor NOTIFY startedChanged)
+    /// When true (the public screen sets it), the editor's final image is resized, encoded and written off
+    /// the GUI thread, while the editor shows it is working; completion follows once the file is written.
+    /// False by default: completion is emitted before the editor's call returns.
+    Q_PROPERTY(bool savesInBackground READ savesInBackground WRITE setSavesInBackground NOTIFY
+                   savesInBackgroundChanged)
 
 public:
     explicit QuorvaneSdkImageEditorViewModel(QObject* parent = nullptr);
@@ -35,6 +40,8 @@ public:
     bool hasImage() const { return m_image.has_value(); }
     bool started() const { return m_started; }
     ImageEditorViewModel* editor() const { return m_editor; }
+    bool savesInBackground() const { return m_savesInBackground; }
+    void setSavesInBackground(bool inBackground);
 
     /// Taken once, before the session starts; later values are ignored.
     QuorvaneSdkImageEditorPreset preset() const { return m_preset; }
@@ -64,11 +71,13 @@ signals:
     void presetChanged();
     void imageChanged();
     void startedChanged();
+    void savesInBackgroundChanged();
     /// The user left the editor (or the error screen); the host receives \a result.
     void completion(const QuorvaneSdkImageEditorResult& result);
 
 private:
     void start();
+    void deliver(const std::optional<QImage>& image);
 
     QuorvaneSdkImageEditorPreset m_preset;
     std::shared_ptr<ImageSaver> m_imageSaver;
@@ -77,4 +86,5 @@ private:
     bool m_started = false;
     bool m_declaredInQml = false;
     bool m_errorAccepted = false;
+    bool m_savesInBackground = false;
 };

@@ -16,13 +16,13 @@ Row {
     Shortcut {
         // Qt 6.4's qmllint cannot see StandardKey, which QtQuick registers as a value type.
         sequences: [StandardKey.Undo] // qmllint disable unqualified
-        enabled: root.keysEnabled
+        enabled: root.keysEnabled && !root.viewModel.isWorking
         onActivated: root.viewModel.undoLastAction()
     }
     Shortcut {
         sequence: "Escape"
         autoRepeat: false
-        enabled: root.keysEnabled
+        enabled: root.keysEnabled && !root.viewModel.isWorking
         onActivated: root.viewModel.cancel()
     }
     OutlineButton {
@@ -34,6 +34,7 @@ Row {
         objectName: "acceptButton"
         title: root.acceptTitle
         isDisabled: !root.acceptEnabled
-        onClicked: root.viewModel.accept()
+        isWorking: root.viewModel.isWorking
+        onClicked: root.viewModel.acceptInBackground()
     }
 }

@@ -1,5 +1,7 @@
 #include "ToolPageViewModel.h"
 
+#include "Helpers/BackgroundWork.h"
+
 #include <QPointer>
 
 ToolPageViewModel::ToolPageViewModel(ReturnAction returnAction, QObject* parent)
@@ -9,7 +11,7 @@ ToolPageViewModel::ToolPageViewModel(ReturnAction returnAction, QObject* parent)
 
 void ToolPageViewModel::undoLastAction()
 {
-    if (m_trackedActions.isEmpty())
+    if (m_trackedActions.isEmpty() || m_isWorking)
         return;
     const TrackedAction last = m_trackedActions.takeLast();
     last.undo();
@@ -18,15 +20,34 @@ void ToolPageViewModel::undoLastAction()
 
 void ToolPageViewModel::cancel()
 {
-    if (canLeave())
+    if (canLeave() && !m_isWorking)
         leave(std::nullopt);
 }
 
 void ToolPageViewModel::accept()
 {
     // Checked before result(): a crop or a flattening is not worth making for a second tap.
-    if (canLeave() && canAccept() && !m_hasReturned)
+    if (canLeave() && canAccept() && !m_hasReturned && !m_isWorking)
         leave(result());
+}
+
+void ToolPageViewModel::acceptInBackground()
+{
+    if (!canLeave() || !canAccept() || m_hasReturned || m_isWorking)
+        return;
+    ResultJob job = resultJob();
+    if (!job) {
+        leave(result());
+        return;
+    }
+    m_isWorking = true;
+    emit isWorkingChanged();
+    runInBackground<std::optional<QImage>>(this, std::move(job), [this](std::optional<QImage> image) {
+        resultJobFinished();
+        m_isWorking = false;
+        emit isWorkingChanged();
+        leave(std::move(image));
+    });
 }
 
 void ToolPageViewModel::track(std::function<void()> undo)

@@ -19,6 +19,8 @@ class ToolPageViewModel : public QObject
     QML_UNCREATABLE("The editor creates tool pages.")
     Q_PROPERTY(int trackedActionCount READ trackedActionCount NOTIFY trackedActionsChanged)
     Q_PROPERTY(bool hasTrackedActions READ hasTrackedActions NOTIFY trackedActionsChanged)
+    /// The page's result is being made on another thread: the page takes no command until it is handed back.
+    Q_PROPERTY(bool isWorking READ isWorking NOTIFY isWorkingChanged)
 
 public:
     using ReturnAction = std::function<void(std::optional<QImage>)>;
@@ -27,6 +29,7 @@ public:
     int trackedActionCount() const { return int(m_trackedActions.size()); }
     bool hasTrackedActions() const { return !m_trackedActions.isEmpty(); }
     bool hasReturned() const { return m_hasReturned; }
+    bool isWorking() const { return m_isWorking; }
 
     /// Runs the last tracked action's undo and removes it; nothing without one. A page with a history of its
     /// own (the canvas) overrides it and records no tracked actions.
@@ -35,9 +38,13 @@ public:
     Q_INVOKABLE void cancel();
     /// "ACCEPT": leaves with the page's result, when the page allows it.
     Q_INVOKABLE void accept();
+    /// accept() for screens: the result is made off the GUI thread, so the screen keeps drawing and shows
+    /// progress; the same result is handed back the same way once it is ready.
+    Q_INVOKABLE void acceptInBackground();
 
 signals:
     void trackedActionsChanged();
+    void isWorkingChanged();
 
 protected:
     explicit ToolPageViewModel(ReturnAction returnAction, QObject* parent = nullptr);
@@ -47,6 +54,12 @@ protected:
     virtual bool canAccept() const { return true; }
     /// What accept() hands back; none leaves the editor's image as it is.
     virtual std::optional<QImage> result() { return std::nullopt; }
+    using ResultJob = std::function<std::optional<QImage>()>;
+    /// result() as a job that owns copies of all it reads, runnable on any thread; none when the page's
+    /// result is cheap (or tied to this thread) and is made by result() instead.
+    virtual ResultJob resultJob() { return {}; }
+    /// Once the job's result is back, before it is handed on.
+    virtual void resultJobFinished() {}
 
     /// Records an edit; \a undo reverses it, and runs only while the page exists.
     void track(std::function<void()> undo);
@@ -57,4 +70,5 @@ private:
     ReturnAction m_returnAction;
     QList<TrackedAction> m_trackedActions;
     bool m_hasReturned = false;
+    bool m_isWorking = false;
 };

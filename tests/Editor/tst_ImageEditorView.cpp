@@ -1,11 +1,15 @@
 #include "Editor/Canvas/CanvasViewModel.h"
+#include "Editor/Common/ImagePreview.h"
 #include "Editor/Cropper/CropperViewModel.h"
+#include "Editor/Helpers/BackgroundWork.h"
 #include "Editor/QuorvaneSdkImageEditorViewModel.h"
 #include "EditorScreen.h"
 #include "TestImages.h"
 
 #include <QFile>
 #include <QRegularExpression>
+#include <QScopeGuard>
+#include <QSemaphore>
 #include <QSet>
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -64,7 +68,10 @@ private:
     QImage continueAndReadTheFile(EditorScreen& screen) const
     {
         screen.tap("continueButton");
-        if (screen.completionCount() != 1)
+        // Written off the GUI thread: the button is held down meanwhile, and the editor takes nothing more.
+        if (!screen.editor()->isWorking() || screen.find("cropTab")->isEnabled())
+            return {};
+        if (!QTest::qWaitFor([&] { return screen.completionCount() == 1; }))
             return {};
         const QuorvaneSdkImageEditorResult result = screen.completion(0);
         if (!result.editedImage() ||
@@ -179,20 +186,47 @@ private slots:
         QVERIFY(meanDifference(saved, cut.transformed(QTransform().rotate(-90))) > 3 * difference + 10);
     }
 
-    // Every page more than once in one editor, by touch, as a person goes through it. Freed memory is
-    // poisoned by the test's environment, so a page that outlives its closing shows up here.
+    void wholeSession_everyPageTwice_savesTheVersionLeftCurrent_data()
+    {
+        QTest::addColumn<QSize>("windowSize");
+        QTest::newRow("phone portrait") << QSize(390, 844);
+        QTest::newRow("phone landscape") << QSize(844, 390);
+        QTest::newRow("tablet portrait") << QSize(1024, 1366);
+        QTest::newRow("tablet landscape") << QSize(1366, 1024);
+    }
+
+    // Every page more than once in one editor, by touch, as a person goes through it, on every device
+    // shape. Freed memory is poisoned by the test's environment, so a page that outlives its closing shows
+    // up here.
     void wholeSession_everyPageTwice_savesTheVersionLeftCurrent()
     {
-        EditorScreen screen(preset());
+        QFETCH(QSize, windowSize);
+        EditorScreen screen(preset(), windowSize);
         ImageEditorViewModel* editor = screen.editor();
+        // Where a person sees the picture on each page: it must not jump when the page changes.
+        const auto shownAt = [&](const char* name) {
+            const QQuickItem* item = screen.find(name);
+            QRectF rect(QPointF(0, 0), item->size());
+            if (const auto* preview = qobject_cast<const ImagePreview*>(item))
+                rect = preview->paintedRect();
+            return item->mapRectToScene(rect);
+        };
+        QTRY_VERIFY(!shownAt("currentImage").isEmpty());
+        const QRectF onBase = shownAt("currentImage");
+        const auto samePlace = [&](const QRectF& shown) {
+            return qAbs(shown.x() - onBase.x()) < 1 && qAbs(shown.y() - onBase.y()) < 1 &&
+                   qAbs(shown.width() - onBase.width()) < 1 && qAbs(shown.height() - onBase.height()) < 1;
+        };
 
         openCrop(screen);
+        QTRY_VERIFY(samePlace(shownAt("cropFrame")));
         screen.tap("rotateLeftButton");
         screen.tap("cancelButton");
         QTRY_COMPARE(editor->pageName(), QStringLiteral("base"));
         QCOMPARE(editor->previousImageVersionCount(), 0);
 
         openDraw(screen);
+        QTRY_VERIFY(samePlace(shownAt("canvasFrame")));
         screen.touchDrag(screen.find("drawingSurface"), QPointF(40, 40), QPointF(160, 120));
         QCOMPARE(editor->canvas()->lineImages().size(), 1);
         screen.tap("acceptButton");
@@ -228,28 +262,120 @@ private slots:
                  cropped.convertToFormat(QImage::Format_ARGB32));
     }
 
-    // Once the editor has answered, the host may keep it on screen for a moment: nothing in it acts.
-    void close_leavesWithoutTheEdits_andTheEditorGoesInert()
+    // A slip of the finger on close after an edit loses nothing: the editor asks, and "Keep editing" (or
+    // Escape) leaves everything as it was. Without edits there is nothing to lose and it leaves at once.
+    void close_withEditsAsksFirst_withoutLeavesAtOnce_data()
     {
-        EditorScreen screen(preset());
-        openCrop(screen);
-        screen.tap("rotateRightButton");
-        screen.tap("acceptButton");
-        QTRY_VERIFY(screen.isShown("continueButton"));
+        QTest::addColumn<bool>("edited");
+        QTest::newRow("no edits") << false;
+        QTest::newRow("edits") << true;
+    }
 
-        screen.tap("closeButton");
+    void close_withEditsAsksFirst_withoutLeavesAtOnce()
+    {
+        QFETCH(bool, edited);
+        EditorScreen screen(preset());
+        if (edited) {
+            openDraw(screen);
+            screen.touchDrag(screen.find("drawingSurface"), QPointF(40, 40), QPointF(160, 120));
+            screen.tap("acceptButton");
+            QTRY_VERIFY(screen.isShown("continueButton"));
+
+            screen.tap("closeButton");
+            QVERIFY(screen.isShown("discardAlert"));
+            QCOMPARE(screen.text("discardTitle"), QStringLiteral("Discard your edits?"));
+            // The editor underneath takes no touch while the question is open.
+            screen.tap("undoButton");
+            screen.tap("keepEditingButton");
+            QTRY_VERIFY(!screen.find("discardAlert"));
+            screen.tap("closeButton");
+            QVERIFY(screen.find("discardAlert"));
+            screen.key(Qt::Key_Escape);
+            QTRY_VERIFY(!screen.find("discardAlert"));
+            QCOMPARE(screen.completionCount(), 0);
+            QCOMPARE(screen.editor()->previousImageVersionCount(), 1);
+            QCOMPARE(screen.editor()->pageName(), QStringLiteral("base"));
+
+            screen.tap("closeButton");
+            screen.tap("discardButton");
+        } else {
+            screen.tap("closeButton");
+            QVERIFY(!screen.find("discardAlert"));
+        }
+
         QCOMPARE(screen.completionCount(), 1);
         QVERIFY(!screen.completion(0).editedImage());
         QVERIFY(!screen.completion(0).editedImageURL());
         QVERIFY(!QFile::exists(m_output));
-
-        for (const char* control : {"cropTab", "drawTab", "undoButton", "continueButton", "closeButton"}) {
+        // Once the editor has answered, the host may keep it on screen for a moment: nothing in it acts.
+        for (const char* control : {"cropTab", "drawTab", "closeButton"}) {
             QVERIFY2(!screen.find(control)->isEnabled(), control);
             screen.tap(control);
         }
         QCOMPARE(screen.editor()->pageName(), QStringLiteral("base"));
-        QCOMPARE(screen.editor()->previousImageVersionCount(), 1);
         QCOMPARE(screen.completionCount(), 1);
+    }
+
+    // While a crop is made off the GUI thread, its button stays pressed, a spinner shows once it takes long,
+    // and the page takes no other command. The editor's worker is held busy so that the crop waits for the
+    // test.
+    void crop_holdsThePageUntilTheResultIsBack()
+    {
+        EditorScreen screen(preset());
+        openCrop(screen);
+        screen.tap("rotateRightButton");
+        QSemaphore hold;
+        backgroundWorkPool().start([&hold] { hold.acquire(); });
+        const auto release = qScopeGuard([&] {
+            hold.release();
+            backgroundWorkPool().waitForDone();
+        });
+        screen.tap("acceptButton");
+        QVERIFY(screen.editor()->cropper()->isWorking());
+        QCOMPARE(screen.find("acceptButton")->opacity(), 0.8);
+        QVERIFY(!screen.isShown("cropWorkIndicator"));
+        QTRY_VERIFY(screen.isShown("cropWorkIndicator"));
+        screen.tap("cancelButton");
+        screen.tap("rotateLeftButton");
+        screen.key(Qt::Key_Z, Qt::ControlModifier);
+        screen.key(Qt::Key_Escape);
+        QCOMPARE(screen.editor()->pageName(), QStringLiteral("crop"));
+
+        hold.release();
+        QTRY_COMPARE(screen.editor()->pageName(), QStringLiteral("base"));
+        QCOMPARE(screen.editor()->image().size(), QSize(900, 1200));
+    }
+
+    // Magnified, a tiny picture shows its pixels as sharp squares rather than a blur.
+    void tinyPicture_showsSharpPixels()
+    {
+        QImage picture(3, 3, QImage::Format_RGB32);
+        for (int y = 0; y < 3; ++y)
+            for (int x = 0; x < 3; ++x)
+                picture.setPixel(x, y, (x + y) % 2 ? qRgb(255, 255, 255) : qRgb(0, 0, 0));
+        EditorScreen screen(QuorvaneSdkImageEditorPreset(picture, QuorvaneSdkImageOutputFormat::png(),
+                                                         std::nullopt, std::nullopt));
+        const auto* preview = qobject_cast<ImagePreview*>(screen.find("currentImage"));
+        QTRY_VERIFY(!preview->paintedRect().isEmpty());
+        const QRect shown = preview->mapRectToScene(preview->paintedRect()).toAlignedRect();
+        const QImage grab = screen.view().grabWindow();
+        int blended = 0;
+        // Inside each pixel's square, two points away from its edges.
+        for (int y = shown.top() + 2; y < shown.bottom() - 2; ++y) {
+            for (int x = shown.left() + 2; x < shown.right() - 2; ++x) {
+                const int cellX = (x - shown.left()) * 3 / shown.width();
+                const int cellY = (y - shown.top()) * 3 / shown.height();
+                const int edgeX = qMin(x - shown.left() - cellX * shown.width() / 3,
+                                       shown.left() + (cellX + 1) * shown.width() / 3 - x);
+                const int edgeY = qMin(y - shown.top() - cellY * shown.height() / 3,
+                                       shown.top() + (cellY + 1) * shown.height() / 3 - y);
+                if (edgeX < 2 || edgeY < 2)
+                    continue;
+                const int grey = qGray(grab.pixel(x, y));
+                blended += grey > 8 && grey < 247;
+            }
+        }
+        QCOMPARE(blended, 0);
     }
 
     // A sliver of a picture is seen on every page and can be cut along its length; transparent pixels show

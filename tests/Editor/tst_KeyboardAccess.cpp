@@ -76,8 +76,10 @@ private:
         ImageEditorViewModel* editor = screen.editor();
         if (screenName == u"error")
             return !editor;
-        if (screenName == u"base") {
+        if (screenName == u"base" || screenName == u"asking") {
             editor->addNewImageVerion(quadrants(QSize(40, 30)));
+            if (screenName == u"asking")
+                editor->requestClose();
             return true;
         }
         const bool text = screenName == u"text entry";
@@ -102,6 +104,8 @@ private:
             return QStringLiteral("error");
         if (editor->canvas() && editor->canvas()->isEnteringText())
             return QStringLiteral("text entry");
+        if (editor->isConfirmingClose())
+            return QStringLiteral("asking");
         return editor->pageName();
     }
 
@@ -216,8 +220,13 @@ private slots:
                                                 << "Crop" << Qt::Key_Return << "crop";
         QTest::newRow("Space on the Draw tab") << "base"
                                                << "Draw" << Qt::Key_Space << "canvas";
+        // With an edit to lose, Close asks first.
         QTest::newRow("Enter on Close") << "base"
-                                        << "Close" << Qt::Key_Enter << "answered";
+                                        << "Close" << Qt::Key_Enter << "asking";
+        QTest::newRow("Return on Keep editing") << "asking"
+                                                << "Keep editing" << Qt::Key_Return << "base";
+        QTest::newRow("Space on Discard") << "asking"
+                                          << "Discard" << Qt::Key_Space << "answered";
         QTest::newRow("Space on CANCEL") << "crop"
                                          << "CANCEL" << Qt::Key_Space << "base";
         QTest::newRow("Escape on a crop button") << "crop"

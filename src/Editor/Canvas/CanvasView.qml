@@ -12,20 +12,28 @@ Rectangle {
 
     color: "black"
 
-    // While text is entered, the canvas underneath takes no touches.
+    EditorLayout {
+        id: layout
+        size: Qt.size(root.width, root.height)
+        topInset: root.topInset
+        bottomInset: root.bottomInset
+    }
+
+    // While text is entered or the picture is flattened, the canvas underneath takes no touches.
     Item {
         anchors.fill: parent
-        enabled: !root.viewModel.isEnteringText
+        enabled: !root.viewModel.isEnteringText && !root.viewModel.isWorking
+        // Text entry covers it whole: nothing of it shows through.
+        visible: !root.viewModel.isEnteringText
 
         Item {
             id: topOptions
             // Above the canvas, whatever an item is dragged or scaled to.
             z: 1
-            anchors.left: parent.left
-            anchors.right: parent.right
-            anchors.top: parent.top
-            anchors.topMargin: root.topInset
-            height: 60
+            x: layout.topBar.x
+            y: layout.topBar.y
+            width: layout.topBar.width
+            height: layout.topBar.height
 
             CircularButton {
                 objectName: "canvasUndoButton"
@@ -74,11 +82,10 @@ Rectangle {
 
         Item {
             id: canvasArea
-            anchors.left: parent.left
-            anchors.right: parent.right
-            anchors.top: topOptions.bottom
-            anchors.bottom: toolControls.top
-            anchors.margins: 8
+            x: layout.picture.x
+            y: layout.picture.y
+            width: layout.picture.width
+            height: layout.picture.height
             onWidthChanged: root.viewModel.setupScreenSize(Qt.size(width, height))
             onHeightChanged: root.viewModel.setupScreenSize(Qt.size(width, height))
 
@@ -118,12 +125,13 @@ Rectangle {
 
         Item {
             id: toolControls
-            anchors.left: parent.left
-            anchors.right: parent.right
-            anchors.bottom: bottomOptions.top
-            anchors.bottomMargin: 8
-            // One height for every tool: the image is fitted once, so the space above must not change.
-            height: 152
+            // Above the canvas too, and one height for every tool: the image is fitted once, so the space
+            // around it must not change.
+            z: 1
+            x: layout.controls.x
+            y: layout.controls.y
+            width: layout.controls.width
+            height: layout.controls.height
 
             Column {
                 anchors.left: parent.left
@@ -146,17 +154,27 @@ Rectangle {
                 }
             }
             TransformView {
+                objectName: "transformToolbar"
                 anchors.fill: parent
-                visible: root.viewModel.selectedOption === CanvasViewModel.Transform && root.viewModel.hasSelection
+                visible: root.viewModel.selectedOption === CanvasViewModel.Transform && root.viewModel.hasShownSelection
                 viewModel: root.viewModel
             }
         }
 
+        WorkIndicator {
+            objectName: "canvasWorkIndicator"
+            x: layout.picture.x
+            y: layout.picture.y
+            width: layout.picture.width
+            height: layout.picture.height
+            running: root.viewModel.isWorking
+        }
+
         ToolPageBar {
             id: bottomOptions
-            anchors.horizontalCenter: parent.horizontalCenter
-            anchors.bottom: parent.bottom
-            anchors.bottomMargin: root.bottomInset + 16
+            z: 1
+            x: layout.bottomBar.x + (layout.bottomBar.width - width) / 2
+            y: layout.bottomBar.y + (layout.bottomBar.height - height) / 2
             viewModel: root.viewModel
             acceptEnabled: root.viewModel.hasPreviousStates
             keysEnabled: !root.viewModel.isEnteringText
@@ -172,6 +190,7 @@ Rectangle {
         sourceComponent: TextImageView {
             canvas: root.viewModel
             topInset: root.topInset
+            bottomInset: root.bottomInset
         }
         // qmllint enable unqualified
     }

@@ -62,7 +62,10 @@ CanvasViewModel::CanvasViewModel(QImage image, std::function<void(std::optional<
                                  QObject* parent)
     : ToolPageViewModel(std::move(returnAction), parent)
     , m_image(std::move(image))
-{}
+{
+    connect(this, &CanvasViewModel::selectedLineImageChanged, this, &CanvasViewModel::shownSelectionChanged);
+    connect(this, &CanvasViewModel::lineImagesChanged, this, &CanvasViewModel::shownSelectionChanged);
+}
 
 CanvasViewModel::~CanvasViewModel()
 {
@@ -306,38 +309,72 @@ void CanvasViewModel::confirmText(TextImageViewModel* text)
     addText(image.isNull() ? std::nullopt : std::optional<QImage>(std::move(image)));
 }
 
+namespace {
+
+// Where one item lands on the base image, in its pixels.
+struct Placement
+{
+    QImage image;
+    QRectF rect;
+    qreal degrees = 0;
+    qreal magnification = 1;
+};
+
+} // namespace
+
+ToolPageViewModel::ResultJob CanvasViewModel::flattening() const
+{
+    const QSizeF base = m_image.deviceIndependentSize();
+    const QSizeF frame = m_imageFrameSize;
+    const QColorSpace space = m_image.colorSpace();
+    QList<Placement> placements;
+    if (!frame.isEmpty()) {
+        for (const LineImagePtr& item : std::as_const(m_lineImages)) {
+            const QSizeF size = item->image().deviceIndependentSize();
+            placements.append({inColourSpace(item->image(), space),
+                               QRectF(item->offset().width() / frame.width() * base.width(),
+                                      item->offset().height() / frame.height() * base.height(),
+                                      size.width() / frame.width() * base.width(),
+                                      size.height() / frame.height() * base.height()),
+                               item->rotationAngle().degrees(), item->magnification()});
+        }
+    }
+    return [image = m_image, placements = std::move(placements)]() -> std::optional<QImage> {
+        // At the base image's own resolution: a 12-megapixel photo keeps all its pixels.
+        QImage canvas = ImageHelpers::premultipliedCopy(image);
+        if (canvas.isNull())
+            return std::nullopt;
+        QPainter painter(&canvas);
+        painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+        for (const Placement& placement : placements) {
+            const QPointF centre = placement.rect.center();
+            painter.save();
+            painter.translate(centre);
+            painter.rotate(placement.degrees);
+            painter.scale(placement.magnification, placement.magnification);
+            painter.translate(-centre);
+            painter.drawImage(placement.rect, placement.image);
+            painter.restore();
+        }
+        return canvas;
+    };
+}
+
 std::optional<QImage> CanvasViewModel::mergeDrawings()
 {
     if (m_lineImages.isEmpty())
         return std::nullopt;
-    // At the base image's own resolution: a 12-megapixel photo keeps all its pixels.
-    QImage canvas = ImageHelpers::premultipliedCopy(m_image);
-    if (canvas.isNull())
-        return std::nullopt;
-    const QSizeF base = m_image.deviceIndependentSize();
-    const QSizeF frame = m_imageFrameSize;
-    const QColorSpace space = m_image.colorSpace();
-    if (!frame.isEmpty()) {
-        QPainter painter(&canvas);
-        painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-        for (const LineImagePtr& item : std::as_const(m_lineImages)) {
-            const QSizeF size = item->image().deviceIndependentSize();
-            const qreal w = size.width() / frame.width() * base.width();
-            const qreal h = size.height() / frame.height() * base.height();
-            const qreal x = item->offset().width() / frame.width() * base.width();
-            const qreal y = item->offset().height() / frame.height() * base.height();
-            const QPointF centre(x + w / 2, y + h / 2);
-            painter.save();
-            painter.translate(centre);
-            painter.rotate(item->rotationAngle().degrees());
-            painter.scale(item->magnification(), item->magnification());
-            painter.translate(-centre);
-            painter.drawImage(QRectF(x, y, w, h), inColourSpace(item->image(), space));
-            painter.restore();
-        }
-    }
-    setLineImages({});
-    return canvas;
+    std::optional<QImage> merged = flattening()();
+    if (merged)
+        setLineImages({});
+    return merged;
+}
+
+ToolPageViewModel::ResultJob CanvasViewModel::resultJob()
+{
+    if (m_lineImages.isEmpty())
+        return [] { return std::optional<QImage>(); };
+    return flattening();
 }
 
 void CanvasViewModel::close()

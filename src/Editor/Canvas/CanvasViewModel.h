@@ -46,6 +46,9 @@ class CanvasViewModel : public ToolPageViewModel, public TransformDelegate
     Q_PROPERTY(int previousStateCount READ previousStateCount NOTIFY previousStatesChanged)
     Q_PROPERTY(bool hasPreviousStates READ hasPreviousStates NOTIFY previousStatesChanged)
     Q_PROPERTY(bool hasSelection READ hasSelection NOTIFY selectedLineImageChanged)
+    /// An item is selected and still on the canvas: an undo or a delete can take the selected item away while
+    /// the selection still names it, and then nothing shown is selected.
+    Q_PROPERTY(bool hasShownSelection READ hasShownSelection NOTIFY shownSelectionChanged)
     Q_PROPERTY(bool isCropperSetup READ isCropperSetup NOTIFY isCropperSetupChanged)
     /// The colour swatches, in the order the colour picker shows them.
     Q_PROPERTY(QList<QColor> colorItems READ colorItems CONSTANT)
@@ -90,6 +93,10 @@ public:
     bool hasPreviousStates() const { return !m_previousStates.isEmpty(); }
     const LineImagePtr& selectedLineImage() const { return m_selectedLineImage; }
     bool hasSelection() const { return m_selectedLineImage != nullptr; }
+    bool hasShownSelection() const
+    {
+        return m_selectedLineImage && m_lineImages.contains(m_selectedLineImage);
+    }
     bool isCropperSetup() const { return m_isCropperSetup; }
     int setupScreenSizeCounter() const { return m_setupScreenSizeCounter; }
 
@@ -163,13 +170,17 @@ signals:
     void previousStatesChanged();
     void selectedLineImageChanged();
     void isCropperSetupChanged();
+    void shownSelectionChanged();
 
 protected:
     /// "ACCEPT" leaves with the flattened image (none without items), and only after a change.
     bool canAccept() const override { return hasPreviousStates(); }
     std::optional<QImage> result() override { return mergeDrawings(); }
+    ResultJob resultJob() override;
+    void resultJobFinished() override { setLineImages({}); }
 
 private:
+    ResultJob flattening() const;
     void recordState();
     void setLineImages(QList<LineImagePtr> images);
     void setSelectedOption(Option option);

@@ -22,8 +22,10 @@ ListView {
     clip: true
     model: root.colors
     activeFocusOnTab: true
-    // Laid out (or turned with the screen), the row centres the chosen swatch where it can.
-    onWidthChanged: if (root.selectedIndex >= 0) positionViewAtIndex(root.selectedIndex, ListView.Center)
+    // Laid out (or turned with the screen), the row centres the chosen swatch where it can: whichever of
+    // its width and its swatches comes last.
+    onWidthChanged: if (root.selectedIndex >= 0 && root.count > root.selectedIndex) positionViewAtIndex(root.selectedIndex, ListView.Center)
+    onCountChanged: if (root.selectedIndex >= 0 && root.count > root.selectedIndex && root.width > 0) positionViewAtIndex(root.selectedIndex, ListView.Center)
     // The keyboard starts from the chosen swatch.
     onActiveFocusChanged: {
         if (root.activeFocus && root.selectedIndex >= 0)

@@ -7,10 +7,12 @@ BrandButton {
 
     property string title
     property bool isDisabled: false
+    /// Held in its pressed look while the work it started runs.
+    property bool isWorking: false
 
     implicitWidth: Math.max(120, label.implicitWidth + 32)
     implicitHeight: 44
-    opacity: root.isDisabled ? 0.4 : (root.pressed ? 0.8 : 1)
+    opacity: root.isDisabled ? 0.4 : (root.pressed || root.isWorking ? 0.8 : 1)
     // Disabled, it is also announced as unavailable, and Tab passes it by.
     enabled: !root.isDisabled
     text: root.title

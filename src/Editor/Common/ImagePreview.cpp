@@ -115,7 +115,6 @@ QSGNode* ImagePreview::updatePaintNode(QSGNode* oldNode, UpdatePaintNodeData*)
     if (!node) {
         node = window()->createImageNode();
         node->setOwnsTexture(true);
-        node->setFiltering(QSGTexture::Linear);
         m_previewDirty = true;
     }
     if (m_previewDirty) {
@@ -129,6 +128,11 @@ QSGNode* ImagePreview::updatePaintNode(QSGNode* oldNode, UpdatePaintNodeData*)
         if (m_showsTransparency && m_preview.hasAlphaChannel())
             m_preview = overCheckerboard(m_preview, qMax(1, qRound(8 * dpr)));
         node->setTexture(window()->createTextureFromImage(m_preview));
+        // A picture shown at twice its pixels or more is seen pixel by pixel, as in any photo viewer: a
+        // smoothed 3 × 3 picture is a blur in which no pixel can be told apart.
+        const bool magnified =
+            target.width() >= 2 * m_preview.width() && target.height() >= 2 * m_preview.height();
+        node->setFiltering(magnified ? QSGTexture::Nearest : QSGTexture::Linear);
         m_previewDirty = false;
     }
     node->setRect(m_paintedRect);

@@ -12,14 +12,24 @@ Rectangle {
     property real bottomInset: 0
 
     color: "black"
+    // While the crop is made, the page takes nothing more.
+    enabled: !root.viewModel.isWorking
+
+    EditorLayout {
+        id: layout
+        size: Qt.size(root.width, root.height)
+        topInset: root.topInset
+        bottomInset: root.bottomInset
+    }
 
     Item {
         id: topOptions
-        anchors.left: parent.left
-        anchors.right: parent.right
-        anchors.top: parent.top
-        anchors.topMargin: root.topInset
-        height: 60
+        // Above the frame's reach beyond the picture: a button near it still takes its tap.
+        z: 1
+        x: layout.topBar.x
+        y: layout.topBar.y
+        width: layout.topBar.width
+        height: layout.topBar.height
 
         CircularButton {
             objectName: "cropUndoButton"
@@ -72,11 +82,10 @@ Rectangle {
         id: cropperArea
         objectName: "cropperArea"
 
-        anchors.left: parent.left
-        anchors.right: parent.right
-        anchors.top: topOptions.bottom
-        anchors.bottom: bottomOptions.top
-        anchors.margins: 16
+        x: layout.picture.x
+        y: layout.picture.y
+        width: layout.picture.width
+        height: layout.picture.height
         onWidthChanged: root.viewModel.setupCropperLayout(Qt.size(width, height))
         onHeightChanged: root.viewModel.setupCropperLayout(Qt.size(width, height))
 
@@ -209,11 +218,20 @@ Rectangle {
         }
     }
 
+    WorkIndicator {
+        objectName: "cropWorkIndicator"
+        x: layout.picture.x
+        y: layout.picture.y
+        width: layout.picture.width
+        height: layout.picture.height
+        running: root.viewModel.isWorking
+    }
+
     ToolPageBar {
         id: bottomOptions
-        anchors.horizontalCenter: parent.horizontalCenter
-        anchors.bottom: parent.bottom
-        anchors.bottomMargin: root.bottomInset + 16
+        z: 1
+        x: layout.bottomBar.x + (layout.bottomBar.width - width) / 2
+        y: layout.bottomBar.y + (layout.bottomBar.height - height) / 2
         viewModel: root.viewModel
         acceptTitle: qsTr("CROP")
         acceptEnabled: root.viewModel.hasTrackedActions

@@ -183,24 +183,49 @@ void CropperViewModel::moveCenter(QPointF p)
     updateTrailingCropPosition(trailing);
 }
 
-std::optional<QImage> CropperViewModel::cropImage()
+QuorvaneSdkImageCropInput CropperViewModel::cropInput() const
 {
     const QSizeF size = m_currentImage.deviceIndependentSize();
-    const QuorvaneSdkImageCropInput input(
+    return QuorvaneSdkImageCropInput(
         m_currentImage, truncatedPoints(m_leadingCropFactor * size.width()),
         truncatedPoints(m_topCropFactor * size.height()),
         truncatedPoints((m_trailingCropFactor - m_leadingCropFactor) * size.width()),
         truncatedPoints((m_bottomCropFactor - m_topCropFactor) * size.height()), m_rotationAngle,
         m_flipHorizontally, m_flipVertically);
-    assignAndNotify(this, m_isCroppingInProgress, true, &CropperViewModel::isCroppingInProgressChanged);
-    std::optional<QImage> result;
+}
+
+namespace {
+
+std::optional<QImage> cropWith(ImageCropper& cropper, const QuorvaneSdkImageCropInput& input)
+{
     try {
-        result = m_cropper->crop(input);
+        return cropper.crop(input);
     } catch (const QuorvaneSdkImageError&) {
         // The service has logged it; the page hands back nothing.
+        return std::nullopt;
     }
+}
+
+} // namespace
+
+std::optional<QImage> CropperViewModel::cropImage()
+{
+    const QuorvaneSdkImageCropInput input = cropInput();
+    assignAndNotify(this, m_isCroppingInProgress, true, &CropperViewModel::isCroppingInProgressChanged);
+    std::optional<QImage> result = cropWith(*m_cropper, input);
     assignAndNotify(this, m_isCroppingInProgress, false, &CropperViewModel::isCroppingInProgressChanged);
     return result;
+}
+
+ToolPageViewModel::ResultJob CropperViewModel::resultJob()
+{
+    assignAndNotify(this, m_isCroppingInProgress, true, &CropperViewModel::isCroppingInProgressChanged);
+    return [cropper = m_cropper, input = cropInput()] { return cropWith(*cropper, input); };
+}
+
+void CropperViewModel::resultJobFinished()
+{
+    assignAndNotify(this, m_isCroppingInProgress, false, &CropperViewModel::isCroppingInProgressChanged);
 }
 
 void CropperViewModel::rotateLeft(bool trackAction)

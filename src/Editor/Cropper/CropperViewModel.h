@@ -141,8 +141,11 @@ protected:
     bool canLeave() const override { return !m_isCroppingInProgress; }
     bool canAccept() const override { return hasTrackedActions(); }
     std::optional<QImage> result() override { return cropImage(); }
+    ResultJob resultJob() override;
+    void resultJobFinished() override;
 
 private:
+    QuorvaneSdkImageCropInput cropInput() const;
     bool isValidLocation(QPointF location) const;
     void updateTopCropPosition(qreal y);
     void updateBottomCropPosition(qreal y);

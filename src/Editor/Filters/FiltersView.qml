@@ -11,14 +11,22 @@ Rectangle {
     property real bottomInset: 0
 
     color: "black"
+    // While the result is made, the page takes nothing more.
+    enabled: !root.viewModel.isWorking
+
+    EditorLayout {
+        id: layout
+        size: Qt.size(root.width, root.height)
+        topInset: root.topInset
+        bottomInset: root.bottomInset
+    }
 
     Item {
         id: topOptions
-        anchors.left: parent.left
-        anchors.right: parent.right
-        anchors.top: parent.top
-        anchors.topMargin: root.topInset
-        height: 60
+        x: layout.topBar.x
+        y: layout.topBar.y
+        width: layout.topBar.width
+        height: layout.topBar.height
 
         CircularButton {
             objectName: "filtersUndoButton"
@@ -34,11 +42,12 @@ Rectangle {
 
     Item {
         id: imageArea
-        anchors.left: parent.left
-        anchors.right: parent.right
-        anchors.top: topOptions.bottom
-        anchors.bottom: selectFilter.top
-        anchors.margins: 16
+        // The page's controls are taller than the canvas's: in portrait the picture ends above them.
+        x: layout.picture.x
+        y: layout.picture.y
+        width: layout.picture.width
+        height: layout.isLandscape ? layout.picture.height
+                                   : Math.min(layout.picture.height, selectFilter.y - 12 - layout.picture.y)
         onWidthChanged: root.viewModel.setupImageSize(Qt.size(width, height))
         onHeightChanged: root.viewModel.setupImageSize(Qt.size(width, height))
 
@@ -66,8 +75,8 @@ Rectangle {
     SelectFilterView {
         id: selectFilter
         objectName: "selectFilterView"
-        anchors.left: parent.left
-        anchors.right: parent.right
+        x: layout.controls.x
+        width: layout.controls.width
         anchors.bottom: chooseIntensity.top
         anchors.bottomMargin: 12
         viewModel: root.viewModel.selectFilterViewModel
@@ -76,18 +85,16 @@ Rectangle {
     ChooseIntensityView {
         id: chooseIntensity
         objectName: "chooseIntensityView"
-        anchors.left: parent.left
-        anchors.right: parent.right
-        anchors.bottom: bottomOptions.top
-        anchors.bottomMargin: 16
+        x: layout.controls.x
+        width: layout.controls.width
+        y: layout.bottomBar.y - height - 8
         viewModel: root.viewModel.chooseIntensityViewModel
     }
 
     ToolPageBar {
         id: bottomOptions
-        anchors.horizontalCenter: parent.horizontalCenter
-        anchors.bottom: parent.bottom
-        anchors.bottomMargin: root.bottomInset + 16
+        x: layout.bottomBar.x + (layout.bottomBar.width - width) / 2
+        y: layout.bottomBar.y + (layout.bottomBar.height - height) / 2
         viewModel: root.viewModel
     }
 }

@@ -95,6 +95,21 @@
     </message>
 </context>
 <context>
+    <name>DiscardEditsView</name>
+    <message>
+        <source>Discard your edits?</source>
+        <translation>Änderungen verwerfen?</translation>
+    </message>
+    <message>
+        <source>Keep editing</source>
+        <translation>Weiter bearbeiten</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Verwerfen</translation>
+    </message>
+</context>
+<context>
     <name>ErrorView</name>
     <message>
         <source>Sorry</source>
@@ -396,6 +411,13 @@
     <message>
         <source>Bottom trailing</source>
         <translation>Unten rechts</translation>
+    </message>
+</context>
+<context>
+    <name>WorkIndicator</name>
+    <message>
+        <source>Working</source>
+        <translation>Wird bearbeitet</translation>
     </message>
 </context>
 </TS>

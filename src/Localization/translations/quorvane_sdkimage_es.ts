@@ -95,6 +95,21 @@
     </message>
 </context>
 <context>
+    <name>DiscardEditsView</name>
+    <message>
+        <source>Discard your edits?</source>
+        <translation>¿Descartar los cambios?</translation>
+    </message>
+    <message>
+        <source>Keep editing</source>
+        <translation>Seguir editando</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Descartar</translation>
+    </message>
+</context>
+<context>
     <name>ErrorView</name>
     <message>
         <source>Sorry</source>
@@ -396,6 +411,13 @@
     <message>
         <source>Bottom trailing</source>
         <translation>Abajo a la derecha</translation>
+    </message>
+</context>
+<context>
+    <name>WorkIndicator</name>
+    <message>
+        <source>Working</source>
+        <translation>Procesando</translation>
     </message>
 </context>
 </TS>

@@ -95,6 +95,21 @@
     </message>
 </context>
 <context>
+    <name>DiscardEditsView</name>
+    <message>
+        <source>Discard your edits?</source>
+        <translation>Abandonner vos modifications ?</translation>
+    </message>
+    <message>
+        <source>Keep editing</source>
+        <translation>Continuer à modifier</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Abandonner</translation>
+    </message>
+</context>
+<context>
     <name>ErrorView</name>
     <message>
         <source>Sorry</source>
@@ -396,6 +411,13 @@
     <message>
         <source>Bottom trailing</source>
         <translation>En bas à droite</translation>
+    </message>
+</context>
+<context>
+    <name>WorkIndicator</name>
+    <message>
+        <source>Working</source>
+        <translation>Traitement en cours</translation>
     </message>
 </context>
 </TS>

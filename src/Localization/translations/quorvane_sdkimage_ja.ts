@@ -95,6 +95,21 @@
     </message>
 </context>
 <context>
+    <name>DiscardEditsView</name>
+    <message>
+        <source>Discard your edits?</source>
+        <translation>編集内容を破棄しますか？</translation>
+    </message>
+    <message>
+        <source>Keep editing</source>
+        <translation>編集を続ける</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>破棄</translation>
+    </message>
+</context>
+<context>
     <name>ErrorView</name>
     <message>
         <source>Sorry</source>
@@ -396,6 +411,13 @@
     <message>
         <source>Bottom trailing</source>
         <translation>右下</translation>
+    </message>
+</context>
+<context>
+    <name>WorkIndicator</name>
+    <message>
+        <source>Working</source>
+        <translation>処理中</translation>
     </message>
 </context>
 </TS>

@@ -95,6 +95,21 @@
     </message>
 </context>
 <context>
+    <name>DiscardEditsView</name>
+    <message>
+        <source>Discard your edits?</source>
+        <translation>放弃所做的编辑？</translation>
+    </message>
+    <message>
+        <source>Keep editing</source>
+        <translation>继续编辑</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>放弃</translation>
+    </message>
+</context>
+<context>
     <name>ErrorView</name>
     <message>
         <source>Sorry</source>
@@ -396,6 +411,13 @@
     <message>
         <source>Bottom trailing</source>
         <translation>右下</translation>
+    </message>
+</context>
+<context>
+    <name>WorkIndicator</name>
+    <message>
+        <source>Working</source>
+        <translation>正在处理</translation>
     </message>
 </context>
 </TS>

@@ -152,7 +152,7 @@ private slots:
         screen.tap("acceptButton");
         QTRY_COMPARE(screen.editor()->pageName(), QStringLiteral("base"));
         screen.tap("continueButton");
-        QCOMPARE(screen.completionCount(), 1);
+        QTRY_COMPARE(screen.completionCount(), 1);
 
         const QImage saved(m_output);
         QCOMPARE(saved.size(), QSize(1200, 900));
@@ -207,6 +207,14 @@ private slots:
         screen.tap("Delete");
         QVERIFY(canvas->lineImages().isEmpty());
         QCOMPARE(canvas->previousStateCount(), 2);
+        // Nothing shown is selected any more: the toolbar goes, and stays gone when undo brings the item
+        // back unselected.
+        QTRY_VERIFY(!screen.isShown("transformToolbar"));
+        screen.tap("canvasUndoButton");
+        QCOMPARE(canvas->lineImages().size(), 1);
+        QVERIFY(!screen.isShown("transformToolbar"));
+        screen.tap(itemShowing(screen.view().rootObject(), canvas->lineImageViewModels().first()));
+        QTRY_VERIFY(screen.isShown("transformToolbar"));
     }
 
     // A turned item takes touches where it is drawn; of two items one above the other, the upper one does.
@@ -268,10 +276,12 @@ private slots:
         QTRY_VERIFY(inSight("textColours" + white));
     }
 
-    void textEntry_inLandscape_keepsItsButtonsClear()
+    // In landscape the entry keeps its buttons clear; large bold capitals wrap within the picture, in the
+    // preview as on the canvas, with not a letter cut.
+    void textEntry_inLandscape_keepsItsButtonsClear_andPlacesTheTextAsPreviewed()
     {
         EditorScreen screen(QuorvaneSdkImageEditorPreset(QUrl::fromLocalFile(m_photo)), QSize(844, 390));
-        openCanvas(screen);
+        CanvasViewModel* canvas = openCanvas(screen);
         screen.tap("textButton");
         QTRY_VERIFY(screen.find("textPreview"));
         QQuickTest::qWaitForPolish(&screen.view());
@@ -286,6 +296,22 @@ private slots:
                                       "textSizeSlider", "textPreview"})
                 QVERIFY2(!shownRect(button).intersects(shownRect(other)), other);
         }
+
+        for (const char letter : QByteArrayLiteral("Hello dragonfly on the hazel"))
+            QTest::keyClick(&screen.view(), letter);
+        screen.tap("boldToggle");
+        screen.tap("uppercaseToggle");
+        const QQuickItem* slider = screen.find("textSizeSlider");
+        screen.tap(slider, QPointF(slider->width() * 0.8, slider->height() / 2));
+        QTRY_VERIFY(slider->property("value").toReal() > 35);
+        const QImage previewed = screen.find("textPreview")->property("image").value<QImage>();
+        const QSizeF size = previewed.deviceIndependentSize();
+        QVERIFY2(size.width() <= canvas->imageFrameSize().width(), qPrintable(QString::number(size.width())));
+        // Two lines at least: it wrapped rather than ran off the picture.
+        QVERIFY(size.height() > 2 * slider->property("value").toReal());
+        screen.tap("textConfirmButton");
+        QTRY_COMPARE(canvas->lineImages().size(), 1);
+        QCOMPARE(canvas->lineImages()[0]->image(), previewed);
     }
 
     void cancel_discardsTheDrawing()

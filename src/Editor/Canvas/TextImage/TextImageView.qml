@@ -8,11 +8,15 @@ Rectangle {
 
     required property CanvasViewModel canvas
     property real topInset: 0
+    property real bottomInset: 0
 
-    color: "#e6000000"
+    // Opaque: the page's own bars must not show through.
+    color: "black"
 
     TextImageViewModel {
         id: textModel
+        // Wrapped within the picture, as it will be placed on it.
+        maximumWidth: root.canvas.imageFrameSize.width
     }
 
     Shortcut {
@@ -53,14 +57,16 @@ Rectangle {
         anchors.top: topButtons.bottom
         anchors.bottom: parent.bottom
         anchors.topMargin: 16
+        anchors.bottomMargin: root.bottomInset
         contentHeight: controls.height + 16
         boundsBehavior: Flickable.StopAtBounds
         clip: true
 
+        // A column centred on wide screens, never narrower than the picture the text is wrapped to.
         Column {
             id: controls
-            x: 16
-            width: parent.width - 32
+            width: Math.min(root.width - 32, Math.max(600, root.canvas.imageFrameSize.width))
+            x: (root.width - width) / 2
             spacing: 16
 
             BrandTextField {
@@ -69,6 +75,13 @@ Rectangle {
                 editsOnOpen: true
                 placeholder: qsTr("Add some text...")
                 onTextChanged: textModel.text = text
+            }
+            // The very picture the canvas will get, reduced only when it is wider than the screen.
+            ImagePreview {
+                objectName: "textPreview"
+                width: parent.width
+                height: implicitHeight
+                image: textModel.image
             }
             Row {
                 spacing: 8
@@ -120,13 +133,6 @@ Rectangle {
                 selectedColor: textModel.selectedColor
                 selectedIndex: root.canvas.colorIndex(textModel.selectedColor)
                 onChosen: (color) => textModel.selectedColor = color
-            }
-            // The very picture the canvas will get, reduced only when it is wider than the screen.
-            ImagePreview {
-                objectName: "textPreview"
-                width: parent.width
-                height: implicitHeight
-                image: textModel.image
             }
         }
     }

@@ -12,12 +12,43 @@
 namespace {
 
 constexpr int kTextFlags = Qt::AlignHCenter | Qt::AlignVCenter | Qt::TextWordWrap;
+constexpr qreal kUnlimited = 1e6;
+
+// How a text is laid out: measured and drawn with the same width and flags, so that it wraps the same way
+// in both.
+struct TextLayout
+{
+    QSizeF size;
+    qreal width = kUnlimited;
+    int flags = kTextFlags;
+
+    // The text's rectangle on an image of `size`, centred: lines are centred within `width`.
+    QRectF drawingRect() const
+    {
+        return width >= kUnlimited ? QRectF(QPointF(0, 0), size)
+                                   : QRectF((size.width() - width) / 2, 0, width, size.height());
+    }
+};
+
+TextLayout layOut(const QFont& font, const QString& text, qreal maximumWidth)
+{
+    TextLayout layout;
+    if (maximumWidth > 0 && std::isfinite(maximumWidth))
+        layout.width = std::max<qreal>(1, std::floor(maximumWidth));
+    const QFontMetricsF metrics(font);
+    QRectF bounds = metrics.boundingRect(QRectF(0, 0, layout.width, kUnlimited), layout.flags, text);
+    // A word longer than the width cannot wrap at a word boundary: such a text breaks anywhere.
+    if (bounds.width() > layout.width) {
+        layout.flags = (kTextFlags & ~Qt::TextWordWrap) | Qt::TextWrapAnywhere;
+        bounds = metrics.boundingRect(QRectF(0, 0, layout.width, kUnlimited), layout.flags, text);
+    }
+    layout.size = QSizeF(std::min(std::ceil(bounds.width()), layout.width), std::ceil(bounds.height()));
+    return layout;
+}
 
 QSizeF fittedSize(const QFont& font, const QString& text)
 {
-    // Unlimited lines: only the text's own line breaks wrap it.
-    const QRectF bounds = QFontMetricsF(font).boundingRect(QRectF(0, 0, 1e6, 1e6), kTextFlags, text);
-    return {std::ceil(bounds.width()), std::ceil(bounds.height())};
+    return layOut(font, text, 0).size;
 }
 
 } // namespace
@@ -28,7 +59,8 @@ TextImageViewModel::TextImageViewModel(QObject* parent)
     for (const auto changed :
          {&TextImageViewModel::textChanged, &TextImageViewModel::isUppercaseChanged,
           &TextImageViewModel::isBoldChanged, &TextImageViewModel::isItalicChanged,
-          &TextImageViewModel::textSizeChanged, &TextImageViewModel::selectedColorChanged})
+          &TextImageViewModel::textSizeChanged, &TextImageViewModel::selectedColorChanged,
+          &TextImageViewModel::maximumWidthChanged})
         connect(this, changed, this, &TextImageViewModel::imageChanged);
 }
 
@@ -61,6 +93,12 @@ void TextImageViewModel::setTextSize(qreal size)
                     &TextImageViewModel::textSizeChanged);
 }
 
+void TextImageViewModel::setMaximumWidth(qreal width)
+{
+    assignAndNotify(this, m_maximumWidth, isFinite(width) ? std::max<qreal>(0, width) : 0.0,
+                    &TextImageViewModel::maximumWidthChanged);
+}
+
 void TextImageViewModel::setSelectedColor(const QColor& color)
 {
     assignAndNotify(this, m_selectedColor, color, &TextImageViewModel::selectedColorChanged);
@@ -87,15 +125,15 @@ QImage TextImageViewModel::textToImage() const
     // Measured with the traits applied, so bold and italic text is never clipped.
     const QFont styled = font(true);
     const QString shown = displayedText();
-    const QSizeF size = fittedSize(styled, shown);
-    QImage image = ImageHelpers::transparentCanvas(size);
+    const TextLayout layout = layOut(styled, shown, m_maximumWidth);
+    QImage image = ImageHelpers::transparentCanvas(layout.size);
     if (image.isNull())
         return image;
     QPainter painter(&image);
     painter.setRenderHint(QPainter::TextAntialiasing);
     painter.setFont(styled);
     painter.setPen(m_selectedColor);
-    painter.drawText(QRectF(QPointF(0, 0), size), kTextFlags, shown);
+    painter.drawText(layout.drawingRect(), layout.flags, shown);
     return image;
 }
 

@@ -22,6 +22,9 @@ class TextImageViewModel : public QObject
     Q_PROPERTY(QColor selectedColor READ selectedColor WRITE setSelectedColor NOTIFY selectedColorChanged)
     Q_PROPERTY(qreal minimumTextSize READ minimumTextSize CONSTANT)
     Q_PROPERTY(qreal maximumTextSize READ maximumTextSize CONSTANT)
+    /// The widest the text may be, in points: it wraps at word boundaries within it, and a word longer than
+    /// that anywhere. The canvas's width, so that the placed text is never cut. 0 (or less) for no limit.
+    Q_PROPERTY(qreal maximumWidth READ maximumWidth WRITE setMaximumWidth NOTIFY maximumWidthChanged)
     /// What textToImage() gives now: the preview shows the very pixels the canvas will get.
     Q_PROPERTY(QImage image READ textToImage NOTIFY imageChanged)
 
@@ -40,6 +43,8 @@ public:
     void setTextSize(qreal size);
     QColor selectedColor() const { return m_selectedColor; }
     void setSelectedColor(const QColor& color);
+    qreal maximumWidth() const { return m_maximumWidth; }
+    void setMaximumWidth(qreal width);
     static constexpr qreal minimumTextSize() { return 5.0; }
     static constexpr qreal maximumTextSize() { return 50.0; }
 
@@ -61,6 +66,7 @@ signals:
     void isItalicChanged();
     void textSizeChanged();
     void selectedColorChanged();
+    void maximumWidthChanged();
     void imageChanged();
 
 private:
@@ -70,4 +76,5 @@ private:
     bool m_isItalic = false;
     qreal m_textSize = 20.0;
     QColor m_selectedColor = Qt::white;
+    qreal m_maximumWidth = 0;
 };
