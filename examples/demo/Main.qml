@@ -21,6 +21,9 @@ Window {
         id: editor
         anchors.fill: parent
         active: !window.finished
+        // Qt 6.4's Loader cannot create bound components (pragma ComponentBehavior: Bound), so qmllint
+        // cannot tell that `window` always resolves here.
+        // qmllint disable unqualified
         sourceComponent: QuorvaneSdkImageEditorView {
             preset: window.preset
             onCompletion: (result) => {
@@ -28,6 +31,7 @@ Window {
                 window.finished = true
             }
         }
+        // qmllint enable unqualified
     }
 
     Column {
@@ -53,7 +57,7 @@ Window {
             text: window.result.hasImage
                   ? qsTr("%1 × %2 pixels\n%3").arg(window.result.pixelSize.width)
                                                .arg(window.result.pixelSize.height)
-                                               .arg(window.result.editedImageURL.toString() || qsTr("not saved"))
+                                               .arg(String(window.result.editedImageURL) || qsTr("not saved"))
                   : qsTr("The editor returned no image.")
         }
         Row {

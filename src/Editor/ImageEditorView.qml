@@ -251,9 +251,11 @@ Rectangle {
         // Keys go to the question while it is open.
         focus: active
         active: root.viewModel.isConfirmingClose
+        // qmllint disable unqualified
         sourceComponent: DiscardEditsView {
             onDiscard: root.viewModel.discardEdits()
             onKeepEditing: root.viewModel.keepEditing()
         }
+        // qmllint enable unqualified
     }
 }
