@@ -228,6 +228,12 @@ private slots:
         openDraw(screen);
         QTRY_VERIFY(samePlace(shownAt("canvasFrame")));
         screen.touchDrag(screen.find("drawingSurface"), QPointF(40, 40), QPointF(160, 120));
+        screen.tap("cancelButton");
+        QTRY_COMPARE(editor->pageName(), QStringLiteral("base"));
+        QCOMPARE(editor->previousImageVersionCount(), 0);
+
+        openDraw(screen);
+        screen.touchDrag(screen.find("drawingSurface"), QPointF(40, 40), QPointF(160, 120));
         QCOMPARE(editor->canvas()->lineImages().size(), 1);
         screen.tap("acceptButton");
         QTRY_COMPARE(editor->pageName(), QStringLiteral("base"));

@@ -313,19 +313,6 @@ private slots:
         QTRY_COMPARE(canvas->lineImages().size(), 1);
         QCOMPARE(canvas->lineImages()[0]->image(), previewed);
     }
-
-    void cancel_discardsTheDrawing()
-    {
-        EditorScreen screen(QuorvaneSdkImageEditorPreset(QUrl::fromLocalFile(m_photo)));
-        screen.tap("drawTab");
-        QVERIFY(screen.waitForToolPage());
-        CanvasViewModel* canvas = screen.editor()->canvas();
-        QTRY_VERIFY(canvas->isCropperSetup());
-        screen.drag(screen.find("drawingSurface"), QPointF(40, 40), QPointF(120, 100));
-        screen.tap("cancelButton");
-        QTRY_COMPARE(screen.editor()->pageName(), QStringLiteral("base"));
-        QVERIFY(!screen.editor()->hasPreviousImageVersions());
-    }
 };
 
 QTEST_MAIN(tst_CanvasView)
