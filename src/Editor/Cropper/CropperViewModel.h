@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CropFrame.h"
 #include "Editor/Helpers/Angle.h"
 #include "Editor/ToolPageViewModel.h"
 #include "ImageCropper.h"
@@ -46,20 +47,20 @@ class CropperViewModel : public ToolPageViewModel
 public:
     /// The handle a touch grabs.
     enum class CropEdge {
-        top,
-        topLeading,
-        topTrailing,
-        leading,
-        trailing,
-        bottomLeading,
-        bottomTrailing,
-        bottom,
-        center,
-        none
+        top = int(CropFrame::Edge::top),
+        topLeading = int(CropFrame::Edge::topLeading),
+        topTrailing = int(CropFrame::Edge::topTrailing),
+        leading = int(CropFrame::Edge::leading),
+        trailing = int(CropFrame::Edge::trailing),
+        bottomLeading = int(CropFrame::Edge::bottomLeading),
+        bottomTrailing = int(CropFrame::Edge::bottomTrailing),
+        bottom = int(CropFrame::Edge::bottom),
+        center = int(CropFrame::Edge::center),
+        none = int(CropFrame::Edge::none)
     };
     Q_ENUM(CropEdge)
 
-    static constexpr qreal kHandleRadius = 20.0;
+    static constexpr qreal kHandleRadius = CropFrame::kHandleRadius;
     static constexpr qreal handleRadius() { return kHandleRadius; }
 
     /// The crop page's model for \a image. \a returnAction receives the page's result once: the cropped
@@ -75,19 +76,20 @@ public:
     qreal trailingCropWidth() const { return m_trailingCropWidth; }
     QColor cropBorderColor() const { return m_cropBorderColor; }
     bool isCropperSetup() const { return m_isCropperSetup; }
-    Angle rotationAngle() const { return m_rotationAngle; }
-    qreal rotationDegrees() const { return m_rotationAngle.degrees(); }
-    bool flipHorizontally() const { return m_flipHorizontally; }
-    bool flipVertically() const { return m_flipVertically; }
+    Angle rotationAngle() const { return m_frame.rotation; }
+    qreal rotationDegrees() const { return m_frame.rotation.degrees(); }
+    bool flipHorizontally() const { return m_frame.flips.leftRight; }
+    bool flipVertically() const { return m_frame.flips.topBottom; }
+    const CropFrame& frame() const { return m_frame; }
     QColor flipHorizontallyButtonColor() const { return m_flipHorizontallyButtonColor; }
     QColor flipVericallyButtonColor() const { return m_flipVericallyButtonColor; }
     bool isCroppingInProgress() const { return m_isCroppingInProgress; }
 
-    qreal topCropPosition() const { return m_imageFrameSize.height() * m_topCropFactor; }
-    qreal bottomCropPosition() const { return m_imageFrameSize.height() * m_bottomCropFactor; }
-    qreal leadingCropPosition() const { return m_imageFrameSize.width() * m_leadingCropFactor; }
-    qreal trailingCropPosition() const { return m_imageFrameSize.width() * m_trailingCropFactor; }
-    QPointF centerCropPosition() const;
+    qreal topCropPosition() const { return m_frame.top(); }
+    qreal bottomCropPosition() const { return m_frame.bottom(); }
+    qreal leadingCropPosition() const { return m_frame.leading(); }
+    qreal trailingCropPosition() const { return m_frame.trailing(); }
+    QPointF centerCropPosition() const { return m_frame.centre(); }
 
     /// Fits the frame into \a availableSize, the space the screen offers the image.
     Q_INVOKABLE void setupCropperLayout(QSizeF availableSize);
@@ -100,7 +102,7 @@ public:
     /// The end of a drag.
     Q_INVOKABLE void finishCropping();
     /// Which handle a touch at \a location grabs: the centre first, then top, bottom, leading, trailing.
-    CropEdge getCropEdge(QPointF location) const;
+    CropEdge getCropEdge(QPointF location) const { return CropEdge(m_frame.edgeAt(location)); }
 
     /// The crop of the current frame, turn and flips; empty when the cropping service fails.
     std::optional<QImage> cropImage();
@@ -146,51 +148,26 @@ protected:
 
 private:
     QuorvaneSdkImageCropInput cropInput() const;
-    bool isValidLocation(QPointF location) const;
-    void updateTopCropPosition(qreal y);
-    void updateBottomCropPosition(qreal y);
-    void updateLeadingCropPosition(qreal x);
-    void updateTrailingCropPosition(qreal x);
-    void moveCenter(QPointF location);
     void saveCurrentImageVersionIfNeeded();
     void updateCropBackgroundIfNeeded();
-
-    void setTopCropFactor(qreal factor);
-    void setBottomCropFactor(qreal factor);
-    void setLeadingCropFactor(qreal factor);
-    void setTrailingCropFactor(qreal factor);
-    void setImageFrameSize(QSizeF size);
-    void recomputeBands();
-    /// A quarter turn: the angle and the frame that fits it.
-    void turnTo(Angle angle);
-    /// The angle alone; the frame stays as it is.
-    void setRotationAngle(Angle angle);
-    void setFlips(bool horizontally, bool vertically);
+    /// Applies \a edit to the frame and tells the screen what it changed.
+    void editFrame(const std::function<void(CropFrame&)>& edit);
     void setCropBorderColor(const QColor& color);
     void trackEdit(std::function<void(CropperViewModel&)> undo);
 
     QImage m_currentImage;
     std::shared_ptr<ImageCropper> m_cropper;
+    CropFrame m_frame;
+    // What the screen was last told: the frame and its bands, and the flip buttons' tints.
     QSizeF m_imageFrameSize;
     qreal m_topCropHeight = 0;
     qreal m_bottomCropHeight = 0;
     qreal m_leadingCropWidth = 0;
     qreal m_trailingCropWidth = 0;
-    qreal m_topCropFactor = 0.0;
-    qreal m_bottomCropFactor = 1.0;
-    qreal m_leadingCropFactor = 0.0;
-    qreal m_trailingCropFactor = 1.0;
-    QColor m_cropBorderColor = Qt::white;
-    qreal m_minimumCropEdgesSeparation = 80.0;
-    QSizeF m_availableScreenSize;
-    QSizeF m_portraitSize;
-    QSizeF m_landscapeSize;
-    bool m_isCropperSetup = false;
-    bool m_isMovingCropper = false;
-    Angle m_rotationAngle;
-    bool m_flipHorizontally = false;
-    bool m_flipVertically = false;
     QColor m_flipHorizontallyButtonColor;
     QColor m_flipVericallyButtonColor;
+    QColor m_cropBorderColor = Qt::white;
+    bool m_isCropperSetup = false;
+    bool m_isMovingCropper = false;
     bool m_isCroppingInProgress = false;
 };

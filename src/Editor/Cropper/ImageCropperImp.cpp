@@ -74,10 +74,9 @@ std::optional<QImage> ImageCropperImp::crop(const QuorvaneSdkImageCropInput& inp
     if (!original.rect().contains(whole))
         return std::nullopt;
 
-    // At a quarter turn the image's own axes are swapped on screen, so are the flips.
-    const bool portrait = input.rotation.isPortrait();
-    const bool mirrorLeftRight = portrait ? input.flipHorizontally : input.flipVertically;
-    const bool mirrorTopBottom = portrait ? input.flipVertically : input.flipHorizontally;
+    const Mirroring seen = seenMirroring(input.rotation, {input.flipHorizontally, input.flipVertically});
+    const bool mirrorLeftRight = seen.leftRight;
+    const bool mirrorTopBottom = seen.topBottom;
     // The cut, the turn and the flips read the original once and write one image: a photo-sized cut or
     // turned copy in between would cost as much memory as the photo itself.
     const double quarters = input.rotation.degrees() / 90.0;

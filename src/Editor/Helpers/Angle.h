@@ -27,3 +27,20 @@ private:
 
     double m_degrees = 0.0;
 };
+
+/// Which way a picture is mirrored, along the screen's axes or along the image's own.
+struct Mirroring
+{
+    bool leftRight = false;
+    bool topBottom = false;
+
+    friend constexpr bool operator==(Mirroring, Mirroring) = default;
+};
+
+/// The image's own flips (horizontal, vertical) as they are seen once the image is turned by \a rotation, or
+/// the other way round: at a quarter turn the axes trade places on screen, and so do the flips. The mapping
+/// is its own inverse.
+inline Mirroring seenMirroring(Angle rotation, Mirroring flips)
+{
+    return rotation.isPortrait() ? flips : Mirroring{flips.topBottom, flips.leftRight};
+}

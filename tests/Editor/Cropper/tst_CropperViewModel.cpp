@@ -28,8 +28,6 @@ public:
     std::function<void()> whileCropping;
 };
 
-using Edge = CropperViewModel::CropEdge;
-
 QImage imageOfPoints(QSizeF points)
 {
     QImage image(points.toSize(), QImage::Format_RGB32);
@@ -58,7 +56,6 @@ struct Snapshot
 
 } // namespace
 
-Q_DECLARE_METATYPE(Edge)
 using CropperCall = std::function<void(CropperViewModel&, qreal)>;
 Q_DECLARE_METATYPE(CropperCall)
 
@@ -85,165 +82,6 @@ private:
     }
 
 private slots:
-    void layout_fitsTheFrameBothWays_data()
-    {
-        QTest::addColumn<QSizeF>("image");
-        QTest::addColumn<QSizeF>("area");
-        QTest::addColumn<QSizeF>("portrait");
-        QTest::addColumn<QSizeF>("landscape");
-        QTest::newRow("landscape photo, phone")
-            << QSizeF(4000, 3000) << QSizeF(390, 600) << QSizeF(390, 292.5) << QSizeF(520, 390);
-        // The turned frame is stated in the image's own axes: turned on screen it is 390 wide.
-        QTest::newRow("portrait photo, phone")
-            << QSizeF(3000, 4000) << QSizeF(390, 600) << QSizeF(390, 520) << QSizeF(292.5, 390);
-        QTest::newRow("portrait photo, wide area")
-            << QSizeF(300, 400) << QSizeF(1000, 500) << QSizeF(375, 500) << QSizeF(500, 2000.0 / 3.0);
-    }
-
-    void layout_fitsTheFrameBothWays()
-    {
-        QFETCH(QSizeF, image);
-        QFETCH(QSizeF, area);
-        QFETCH(QSizeF, portrait);
-        QFETCH(QSizeF, landscape);
-        CropperViewModel model(imageOfPoints(image), m_cropper);
-        QVERIFY(!model.isCropperSetup());
-
-        model.setupCropperLayout(area);
-        QVERIFY(model.isCropperSetup());
-        QCOMPARE(model.imageFrameSize(), portrait);
-        model.rotateRight(false);
-        QCOMPARE(model.imageFrameSize(), landscape);
-    }
-
-    void getCropEdge_data()
-    {
-        QTest::addColumn<QPointF>("location");
-        QTest::addColumn<Edge>("edge");
-        // Untouched frame 390 × 292.5: edges at 0 and 390 across, 0 and 292.5 down; centre (195, 146.25).
-        QTest::newRow("centre") << QPointF(195, 146.25) << Edge::center;
-        QTest::newRow("centre, 20 off both ways") << QPointF(215, 126.25) << Edge::center;
-        QTest::newRow("just past the centre's reach") << QPointF(215.01, 146.25) << Edge::none;
-        QTest::newRow("top") << QPointF(100, 20) << Edge::top;
-        QTest::newRow("just below the top's reach") << QPointF(100, 20.01) << Edge::none;
-        QTest::newRow("top leading, 20 from both") << QPointF(20, 20) << Edge::topLeading;
-        QTest::newRow("top trailing") << QPointF(370, 5) << Edge::topTrailing;
-        QTest::newRow("bottom") << QPointF(100, 272.5) << Edge::bottom;
-        QTest::newRow("bottom leading") << QPointF(1, 290) << Edge::bottomLeading;
-        QTest::newRow("bottom trailing") << QPointF(389, 290) << Edge::bottomTrailing;
-        QTest::newRow("leading") << QPointF(20, 100) << Edge::leading;
-        QTest::newRow("trailing") << QPointF(370, 100) << Edge::trailing;
-        QTest::newRow("nothing near") << QPointF(100, 100) << Edge::none;
-    }
-
-    void getCropEdge()
-    {
-        QFETCH(QPointF, location);
-        QFETCH(Edge, edge);
-        QCOMPARE(laidOut()->getCropEdge(location), edge);
-    }
-
-    void getCropEdge_breaksTiesInFixedOrder_data()
-    {
-        QTest::addColumn<QSizeF>("image");
-        QTest::addColumn<QPointF>("location");
-        QTest::addColumn<Edge>("edge");
-        // Handles crowd together only on frames thinner than 40 points, as panoramas make them.
-        // 4000 × 500 in 390 × 600: frame 390 × 48.75, centre (195, 24.375).
-        QTest::newRow("centre before top") << QSizeF(4000, 500) << QPointF(195, 5) << Edge::center;
-        // 4000 × 300: frame 390 × 29.25; y = 10 is in reach of top and bottom.
-        QTest::newRow("top before bottom") << QSizeF(4000, 300) << QPointF(100, 10) << Edge::top;
-        QTest::newRow("top leading before bottom leading")
-            << QSizeF(4000, 300) << QPointF(15, 10) << Edge::topLeading;
-        QTest::newRow("top trailing before bottom trailing")
-            << QSizeF(4000, 300) << QPointF(380, 10) << Edge::topTrailing;
-        // 200 × 4000: frame 30 × 600, centre (15, 300); x = 15 is in reach of leading and trailing.
-        QTest::newRow("leading before trailing") << QSizeF(200, 4000) << QPointF(15, 100) << Edge::leading;
-        QTest::newRow("top leading before top trailing")
-            << QSizeF(200, 4000) << QPointF(15, 10) << Edge::topLeading;
-        QTest::newRow("bottom leading before bottom trailing")
-            << QSizeF(200, 4000) << QPointF(15, 590) << Edge::bottomLeading;
-        QTest::newRow("centre before leading and trailing")
-            << QSizeF(200, 4000) << QPointF(5, 280) << Edge::center;
-        // 390 × 80: frame 390 × 80, centre (195, 40): a touch can be exactly 20 from the centre both ways
-        // and exactly 20 from an edge at once.
-        QTest::newRow("centre before top, all at exactly 20")
-            << QSizeF(390, 80) << QPointF(215, 20) << Edge::center;
-        QTest::newRow("centre before bottom, all at exactly 20")
-            << QSizeF(390, 80) << QPointF(175, 60) << Edge::center;
-        QTest::newRow("just past the centre's reach, the top takes it")
-            << QSizeF(390, 80) << QPointF(215.01, 20) << Edge::top;
-    }
-
-    void getCropEdge_breaksTiesInFixedOrder()
-    {
-        QFETCH(QSizeF, image);
-        QFETCH(QPointF, location);
-        QFETCH(Edge, edge);
-        CropperViewModel model(imageOfPoints(image), m_cropper);
-        model.setupCropperLayout(QSizeF(390, 600));
-        QCOMPARE(model.getCropEdge(location), edge);
-    }
-
-    void edgeUpdates_keep80PointsBetweenOppositeEdges_data()
-    {
-        QTest::addColumn<Edge>("edge");
-        QTest::addColumn<qreal>("target");
-        QTest::addColumn<bool>("accepted");
-        // Untouched frame 390 × 292.5: top at 0, bottom at 292.5, leading at 0, trailing at 390.
-        QTest::newRow("top to 212.49 (80.01 apart)") << Edge::top << 212.49 << true;
-        QTest::newRow("top to 212.5 (exactly 80)") << Edge::top << 212.5 << false;
-        QTest::newRow("top to 212.51 (79.99 apart)") << Edge::top << 212.51 << false;
-        QTest::newRow("leading to 309.99") << Edge::leading << 309.99 << true;
-        QTest::newRow("leading to 310 (exactly 80)") << Edge::leading << 310.0 << false;
-        QTest::newRow("leading to 310.01") << Edge::leading << 310.01 << false;
-        QTest::newRow("bottom to 80.01 (80.01 apart)") << Edge::bottom << 80.01 << true;
-        QTest::newRow("bottom to 80 (exactly 80)") << Edge::bottom << 80.0 << false;
-        QTest::newRow("bottom to 79.99 (79.99 apart)") << Edge::bottom << 79.99 << false;
-        QTest::newRow("trailing to 80.01") << Edge::trailing << 80.01 << true;
-        QTest::newRow("trailing to 80 (exactly 80)") << Edge::trailing << 80.0 << false;
-        QTest::newRow("trailing to 79.99") << Edge::trailing << 79.99 << false;
-    }
-
-    void edgeUpdates_keep80PointsBetweenOppositeEdges()
-    {
-        QFETCH(Edge, edge);
-        QFETCH(qreal, target);
-        QFETCH(bool, accepted);
-        auto model = laidOut();
-        const bool vertical = edge == Edge::top || edge == Edge::bottom;
-        const bool fromNearBorder = edge == Edge::top || edge == Edge::leading;
-        // The other axis stays at 100, far from the centre and from the perpendicular edges.
-        const auto touchAt = [&](qreal at) { return vertical ? QPointF(100, at) : QPointF(at, 100); };
-        const auto position = [&] {
-            switch (edge) {
-            case Edge::top:
-                return model->topCropPosition();
-            case Edge::bottom:
-                return model->bottomCropPosition();
-            case Edge::leading:
-                return model->leadingCropPosition();
-            default:
-                return model->trailingCropPosition();
-            }
-        };
-        // Walk the edge there in small steps, as a finger would, so the handle stays in reach.
-        const qreal border = vertical ? 292.5 : 390.0;
-        if (fromNearBorder) {
-            for (qreal at = 5; at < target; at += 15)
-                model->handleDragging(touchAt(at));
-        } else {
-            for (qreal at = border - 5; at > target; at -= 15)
-                model->handleDragging(touchAt(at));
-        }
-        QCOMPARE(model->getCropEdge(touchAt(target)), edge);
-        const qreal before = position();
-
-        model->handleDragging(touchAt(target));
-
-        QCOMPARE(position(), accepted ? target : before);
-    }
-
     void touchesOnOrOutsideTheFrame_areIgnored()
     {
         auto model = laidOut();
@@ -304,90 +142,6 @@ private slots:
         QCOMPARE(emitted.count(), 0);
         QCOMPARE(Snapshot::of(*model), before);
         QCOMPARE(model->trackedActionCount(), 1);
-    }
-
-    void centreMove_isDroppedWholeAtABorder()
-    {
-        auto model = laidOut();
-        drag(*model, {{15, 15}});     // top leading to (15, 15)
-        drag(*model, {{375, 277.5}}); // bottom trailing to (375, 277.5)
-        const QPointF centre = model->centerCropPosition();
-        QCOMPARE(centre, QPointF(195, 146.25));
-
-        drag(*model, {{200, 150}}); // moves by (5, 3.75): fits
-        QCOMPARE(model->leadingCropPosition(), 20.0);
-        QCOMPARE(model->topCropPosition(), 18.75);
-
-        drag(*model, {{180, 150}}); // left by 20 would put leading at 0: fits, inclusive
-        QCOMPARE(model->leadingCropPosition(), 0.0);
-        drag(*model, {{180 - 0.5, 150}}); // past the border: dropped, nothing slides
-        QCOMPARE(model->leadingCropPosition(), 0.0);
-        QCOMPARE(model->trailingCropPosition(), 360.0);
-    }
-
-    void rotationsAndFlips_data()
-    {
-        QTest::addColumn<QStringList>("steps");
-        QTest::addColumn<qreal>("degrees");
-        QTest::addColumn<QSizeF>("frame");
-        QTest::addColumn<bool>("flipHorizontally");
-        QTest::addColumn<bool>("flipVertically");
-
-        const QSizeF portrait(390, 292.5);
-        const QSizeF landscape(520, 390);
-        QTest::newRow("left") << QStringList{"L"} << -90.0 << landscape << false << false;
-        QTest::newRow("left ×4") << QStringList{"L", "L", "L", "L"} << -360.0 << portrait << false << false;
-        QTest::newRow("left ×5") << QStringList{"L", "L", "L", "L", "L"} << -450.0 << landscape << false
-                                 << false;
-        QTest::newRow("right, left") << QStringList{"R", "L"} << 0.0 << portrait << false << false;
-        QTest::newRow("flip h") << QStringList{"H"} << 0.0 << portrait << true << false;
-        QTest::newRow("right, flip h swaps") << QStringList{"R", "H"} << 90.0 << landscape << false << true;
-        QTest::newRow("right, flip v swaps") << QStringList{"R", "V"} << 90.0 << landscape << true << false;
-        QTest::newRow("180, flip h") << QStringList{"R", "R", "H"} << 180.0 << portrait << true << false;
-        QTest::newRow("flip h twice") << QStringList{"H", "H"} << 0.0 << portrait << false << false;
-        QTest::newRow("right, flip h, left, flip h")
-            << QStringList{"R", "H", "L", "H"} << 0.0 << portrait << true << true;
-        QTest::newRow("left ×3, flip v swaps")
-            << QStringList{"L", "L", "L", "V"} << -270.0 << landscape << true << false;
-    }
-
-    void rotationsAndFlips()
-    {
-        QFETCH(QStringList, steps);
-        QFETCH(qreal, degrees);
-        QFETCH(QSizeF, frame);
-        QFETCH(bool, flipHorizontally);
-        QFETCH(bool, flipVertically);
-        auto model = laidOut();
-        // A rectangle with all four bands: top 30, leading 40, bottom 270, trailing 360 in 390 × 292.5.
-        drag(*model, {{20, 20}, {40, 30}});
-        drag(*model, {{380, 285}, {360, 270}});
-        QCOMPARE(model->topCropPosition(), 30.0);
-        QCOMPARE(model->leadingCropPosition(), 40.0);
-        QCOMPARE(model->bottomCropPosition(), 270.0);
-        QCOMPARE(model->trailingCropPosition(), 360.0);
-
-        for (const QString& step : steps) {
-            if (step == u"L")
-                model->rotateLeft(true);
-            else if (step == u"R")
-                model->rotateRight(true);
-            else if (step == u"H")
-                model->flipHorizontally(true);
-            else
-                model->flipVertically(true);
-        }
-
-        QCOMPARE(model->rotationDegrees(), degrees);
-        QCOMPARE(model->imageFrameSize(), frame);
-        QCOMPARE(model->flipHorizontally(), flipHorizontally);
-        QCOMPARE(model->flipVertically(), flipVertically);
-        // The rectangle keeps its place on the image: same fractions, bands of the new frame.
-        QCOMPARE(model->topCropHeight(), frame.height() * (30 / 292.5));
-        QCOMPARE(model->bottomCropHeight(), frame.height() * (1 - 270 / 292.5));
-        QCOMPARE(model->leadingCropWidth(), frame.width() * (40 / 390.0));
-        QCOMPARE(model->trailingCropWidth(), frame.width() * (1 - 360 / 390.0));
-        QCOMPARE(model->trackedActionCount(), int(steps.size()) + 2);
     }
 
     void flipButtonTints_showMirroringAlongTheirScreenAxis()
