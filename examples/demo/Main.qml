@@ -43,7 +43,8 @@ Window {
 
         Image {
             width: parent.width
-            height: width
+            // Room for the text and the buttons below it in a landscape window too.
+            height: Math.max(0, Math.min(width, window.height - 200))
             fillMode: Image.PreserveAspectFit
             source: window.result.editedImageURL
             sourceSize.width: width

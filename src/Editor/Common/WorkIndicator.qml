@@ -33,6 +33,8 @@ Item {
             anchors.centerIn: parent
             width: 48
             height: 48
+            // White on the dark square, seen over any photo.
+            palette.dark: "white"
             running: root.visible
         }
     }

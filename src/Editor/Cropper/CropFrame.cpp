@@ -150,6 +150,22 @@ void CropFrame::moveCentre(QPointF p)
     dragTrailing(newTrailing);
 }
 
+QList<QPointF> CropFrame::pathBetween(QPointF from, QPointF to)
+{
+    if (!isFinite(from) || !isFinite(to))
+        return {to};
+    const QPointF step = to - from;
+    const qreal length = std::hypot(step.x(), step.y());
+    // Far beyond any screen: a jump that long is taken as it comes.
+    constexpr int kMostSteps = 1000;
+    const int steps = int(std::min<qreal>(kMostSteps, std::ceil(length / (kHandleRadius / 2))));
+    QList<QPointF> points;
+    for (int i = 1; i < steps; ++i)
+        points.append(from + step * (qreal(i) / steps));
+    points.append(to);
+    return points;
+}
+
 void CropFrame::turn(Angle angle)
 {
     rotation = rotation + angle;

@@ -2,6 +2,7 @@
 
 #include "Editor/Helpers/Angle.h"
 
+#include <QList>
 #include <QPointF>
 #include <QRectF>
 #include <QSizeF>
@@ -61,6 +62,10 @@ struct CropFrame
     /// One change of a drag at \a location: moves what edgeAt() grabs, never closer than the minimum
     /// separation, never past the frame. A location that is not finite, or not valid, changes nothing.
     void drag(QPointF location);
+
+    /// The points a drag from \a from to \a to passes, \a from excluded: never further apart than half a
+    /// handle's reach, so that a quick finger keeps hold of what it took.
+    static QList<QPointF> pathBetween(QPointF from, QPointF to);
 
     /// Adds \a angle to the turn; the rectangle keeps its place on the image and the frame fits the new turn.
     void turn(Angle angle);

@@ -211,6 +211,7 @@ Rectangle {
                 preventStealing: true
                 Accessible.role: Accessible.Graphic
                 Accessible.name: qsTr("Crop frame: drag an edge, a corner or the middle")
+                onPressed: (mouse) => root.viewModel.beginTouch(mapToItem(frame, mouse.x, mouse.y))
                 onPositionChanged: (mouse) => root.viewModel.handleTouch(mapToItem(frame, mouse.x, mouse.y))
                 onReleased: root.viewModel.finishCropping()
                 onCanceled: root.viewModel.finishCropping()

@@ -47,7 +47,17 @@ void CropperViewModel::handleDragging(QPointF p)
 
 void CropperViewModel::handleTouch(QPointF location)
 {
-    handleDragging(m_frame.touchLocation(location));
+    const QPointF taken = m_frame.touchLocation(location);
+    const QList<QPointF> path =
+        m_lastTouch ? CropFrame::pathBetween(*m_lastTouch, taken) : QList<QPointF>{taken};
+    m_lastTouch = taken;
+    for (const QPointF& point : path)
+        handleDragging(point);
+}
+
+void CropperViewModel::beginTouch(QPointF location)
+{
+    m_lastTouch = m_frame.touchLocation(location);
 }
 
 QuorvaneSdkImageCropInput CropperViewModel::cropInput() const
@@ -140,6 +150,7 @@ void CropperViewModel::updateCropBackgroundIfNeeded()
 void CropperViewModel::finishCropping()
 {
     m_isMovingCropper = false;
+    m_lastTouch.reset();
     setCropBorderColor(Qt::white);
 }
 

@@ -99,6 +99,9 @@ public:
     /// Along a side too short for its edges to move apart it is taken on the side's middle line, so that a
     /// sliver of a picture, thinner than any finger, can still be cropped along its length.
     Q_INVOKABLE void handleTouch(QPointF location);
+    /// Where a finger went down; the touches that follow are walked from there in short steps, so that a
+    /// quick drag keeps hold of the edge it took. Without it each touch stands alone.
+    Q_INVOKABLE void beginTouch(QPointF location);
     /// The end of a drag.
     Q_INVOKABLE void finishCropping();
     /// Which handle a touch at \a location grabs: the centre first, then top, bottom, leading, trailing.
@@ -169,5 +172,6 @@ private:
     QColor m_cropBorderColor = Qt::white;
     bool m_isCropperSetup = false;
     bool m_isMovingCropper = false;
+    std::optional<QPointF> m_lastTouch;
     bool m_isCroppingInProgress = false;
 };

@@ -125,6 +125,33 @@ private slots:
         QCOMPARE(changes.count(), kept == 20.0 ? 0 : 1);
     }
 
+    // Placed on a canvas, the text wraps within its width and shrinks where it would still be taller,
+    // so that no letter is cut.
+    void textToImage_fitsWithinTheCanvas_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QSizeF>("canvas");
+        QTest::newRow("a sentence on a phone") << "HELLO DRAGONFLY ON THE HAZEL" << QSizeF(374, 280);
+        QTest::newRow("one word longer than the width") << "DRAGONFLYDRAGONFLYDRAGONFLY" << QSizeF(200, 280);
+        QTest::newRow("too many lines for the height")
+            << QStringLiteral("HELLO DRAGONFLY ").repeated(12) << QSizeF(490, 120);
+    }
+
+    void textToImage_fitsWithinTheCanvas()
+    {
+        QFETCH(QString, text);
+        QFETCH(QSizeF, canvas);
+        TextImageViewModel model;
+        model.setText(text);
+        model.setBold(true);
+        model.setTextSize(model.maximumTextSize());
+        model.setMaximumWidth(canvas.width());
+        model.setMaximumHeight(canvas.height());
+        const QSizeF size = model.textToImage().deviceIndependentSize();
+        QVERIFY2(size.width() <= canvas.width() && size.height() <= canvas.height() && !size.isEmpty(),
+                 qPrintable(QStringLiteral("%1 × %2").arg(size.width()).arg(size.height())));
+    }
+
     void emptyText_rendersNothing()
     {
         TextImageViewModel model;

@@ -95,6 +95,18 @@ private slots:
         QCOMPARE(model->bottomCropHeight(), 7.5);
     }
 
+    // A quick finger moves further between two touches than a handle reaches: it keeps hold of its edge.
+    void quickDrag_keepsHoldOfTheEdgeItTook()
+    {
+        auto model = laidOut();
+        model->beginTouch(QPointF(385, 100));
+        model->handleTouch(QPointF(345, 100));
+        model->handleTouch(QPointF(300, 100));
+        model->finishCropping();
+        QCOMPARE(model->trailingCropPosition(), 300.0);
+        QCOMPARE(model->trackedActionCount(), 1);
+    }
+
     void undo_ofADragRestoresItsFrame_ofATurnFitsTheLayout()
     {
         auto model = laidOut();

@@ -15,8 +15,10 @@ Rectangle {
 
     TextImageViewModel {
         id: textModel
-        // Wrapped within the picture, as it will be placed on it.
+        // Wrapped within the picture, and made smaller where it would still be too tall, as it will be
+        // placed on it.
         maximumWidth: root.canvas.imageFrameSize.width
+        maximumHeight: root.canvas.imageFrameSize.height
     }
 
     Shortcut {

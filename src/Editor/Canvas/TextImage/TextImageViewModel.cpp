@@ -60,7 +60,7 @@ TextImageViewModel::TextImageViewModel(QObject* parent)
          {&TextImageViewModel::textChanged, &TextImageViewModel::isUppercaseChanged,
           &TextImageViewModel::isBoldChanged, &TextImageViewModel::isItalicChanged,
           &TextImageViewModel::textSizeChanged, &TextImageViewModel::selectedColorChanged,
-          &TextImageViewModel::maximumWidthChanged})
+          &TextImageViewModel::maximumWidthChanged, &TextImageViewModel::maximumHeightChanged})
         connect(this, changed, this, &TextImageViewModel::imageChanged);
 }
 
@@ -99,6 +99,12 @@ void TextImageViewModel::setMaximumWidth(qreal width)
                     &TextImageViewModel::maximumWidthChanged);
 }
 
+void TextImageViewModel::setMaximumHeight(qreal height)
+{
+    assignAndNotify(this, m_maximumHeight, isFinite(height) ? std::max<qreal>(0, height) : 0.0,
+                    &TextImageViewModel::maximumHeightChanged);
+}
+
 void TextImageViewModel::setSelectedColor(const QColor& color)
 {
     assignAndNotify(this, m_selectedColor, color, &TextImageViewModel::selectedColorChanged);
@@ -123,9 +129,15 @@ QString TextImageViewModel::displayedText() const
 QImage TextImageViewModel::textToImage() const
 {
     // Measured with the traits applied, so bold and italic text is never clipped.
-    const QFont styled = font(true);
+    QFont styled = font(true);
     const QString shown = displayedText();
-    const TextLayout layout = layOut(styled, shown, m_maximumWidth);
+    TextLayout layout = layOut(styled, shown, m_maximumWidth);
+    // Too tall for the canvas once wrapped: smaller until every line fits.
+    while (m_maximumHeight > 0 && layout.size.height() > m_maximumHeight &&
+           styled.pixelSize() > int(minimumTextSize())) {
+        styled.setPixelSize(styled.pixelSize() - 1);
+        layout = layOut(styled, shown, m_maximumWidth);
+    }
     QImage image = ImageHelpers::transparentCanvas(layout.size);
     if (image.isNull())
         return image;

@@ -25,6 +25,9 @@ class TextImageViewModel : public QObject
     /// The widest the text may be, in points: it wraps at word boundaries within it, and a word longer than
     /// that anywhere. The canvas's width, so that the placed text is never cut. 0 (or less) for no limit.
     Q_PROPERTY(qreal maximumWidth READ maximumWidth WRITE setMaximumWidth NOTIFY maximumWidthChanged)
+    /// The tallest the text may be, in points: text that would wrap taller is drawn smaller until it fits
+    /// (down to minimumTextSize). The canvas's height, so that no line is cut. 0 (or less) for no limit.
+    Q_PROPERTY(qreal maximumHeight READ maximumHeight WRITE setMaximumHeight NOTIFY maximumHeightChanged)
     /// What textToImage() gives now: the preview shows the very pixels the canvas will get.
     Q_PROPERTY(QImage image READ textToImage NOTIFY imageChanged)
 
@@ -45,6 +48,8 @@ public:
     void setSelectedColor(const QColor& color);
     qreal maximumWidth() const { return m_maximumWidth; }
     void setMaximumWidth(qreal width);
+    qreal maximumHeight() const { return m_maximumHeight; }
+    void setMaximumHeight(qreal height);
     static constexpr qreal minimumTextSize() { return 5.0; }
     static constexpr qreal maximumTextSize() { return 50.0; }
 
@@ -67,6 +72,7 @@ signals:
     void textSizeChanged();
     void selectedColorChanged();
     void maximumWidthChanged();
+    void maximumHeightChanged();
     void imageChanged();
 
 private:
@@ -77,4 +83,5 @@ private:
     qreal m_textSize = 20.0;
     QColor m_selectedColor = Qt::white;
     qreal m_maximumWidth = 0;
+    qreal m_maximumHeight = 0;
 };
