@@ -2,10 +2,10 @@
 // (upload, dispatch, read-back) on whichever backend QSG_RHI_BACKEND names. Run under a display for the GPU;
 // without one only the CPU figures come out. QUORVANE_BENCH_PHOTO names the photo (bench/run prepares it).
 #include "Editor/Adjustment/AdjustImageViewModel.h"
-#include "Editor/Filters/CpuColorEngine.h"
-#include "Editor/Filters/FiltersManager.h"
+#include "Editor/Filters/Engine/CpuColorEngine.h"
+#include "Editor/Filters/Engine/FiltersManager.h"
+#include "Editor/Filters/Engine/GpuColorEngine.h"
 #include "Editor/Filters/FiltersViewModel.h"
-#include "Editor/Filters/GpuColorEngine.h"
 
 #include "BenchPhoto.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Cropper/TrackedAction.h"
+#include "TrackedAction.h"
 
 #include <QImage>
 #include <QList>

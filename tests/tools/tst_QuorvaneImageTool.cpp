@@ -1,4 +1,4 @@
-#include "Editor/Filters/CpuColorEngine.h"
+#include "Editor/Filters/Engine/CpuColorEngine.h"
 #include "ExifTool.h"
 #include "TestImages.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Editor/Filters/FiltersManager.h"
+#include "Editor/Filters/Engine/FiltersManager.h"
 #include "Editor/QuorvaneSdkImageMetadataPolicy.h"
 #include "Editor/QuorvaneSdkImageOutputFormat.h"
 

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "Editor/ToolPageViewModel.h"
-#include "Filter.h"
+#include "Engine/Filter.h"
+#include "Engine/FiltersManager.h"
 #include "FiltersDelegate.h"
-#include "FiltersManager.h"
 #include "IntensityDelegate.h"
 
 #include <QImage>

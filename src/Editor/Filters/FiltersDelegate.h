@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Filter.h"
+#include "Engine/Filter.h"
 
 /// Told of every entry a filter carousel selects.
 class FiltersDelegate

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Filter.h"
+#include "Engine/Filter.h"
 #include "FiltersDelegate.h"
 
 #include <QList>

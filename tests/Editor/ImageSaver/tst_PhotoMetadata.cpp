@@ -1,6 +1,6 @@
 #include "Editor/Canvas/CanvasViewModel.h"
 #include "Editor/Cropper/ImageCropperImp.h"
-#include "Editor/Filters/FiltersManager.h"
+#include "Editor/Filters/Engine/FiltersManager.h"
 #include "Editor/QuorvaneSdkImageEditorViewModel.h"
 #include "ExifTool.h"
 #include "TestImages.h"

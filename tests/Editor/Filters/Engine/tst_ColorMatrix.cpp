@@ -1,4 +1,4 @@
-#include "Editor/Filters/ColorMatrix.h"
+#include "Editor/Filters/Engine/ColorMatrix.h"
 
 #include <QQmlComponent>
 #include <QQmlEngine>

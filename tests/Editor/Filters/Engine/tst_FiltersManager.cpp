@@ -1,5 +1,5 @@
-#include "Editor/Filters/CpuColorEngine.h"
-#include "Editor/Filters/FiltersManager.h"
+#include "Editor/Filters/Engine/CpuColorEngine.h"
+#include "Editor/Filters/Engine/FiltersManager.h"
 #include "Editor/Helpers/ImageHelpers.h"
 #include "TestImages.h"
 
