@@ -1,15 +1,13 @@
 // What a quarter turn costs on screen with a big photo: the preview fits the turned frame again; and how long
 // the screen stops drawing while CROP makes its result, off the GUI thread and, as the peer, on it. The photo
 // comes from QUORVANE_BENCH_PHOTO (bench/big-photos prepares a 48-megapixel one).
+#include "BenchPhoto.h"
 #include "Editor/Common/ImagePreview.h"
 #include "Editor/Cropper/CropperViewModel.h"
 #include "Editor/Cropper/ImageCropperImp.h"
-#include "Editor/Helpers/ImageLoader.h"
 
 #include <QElapsedTimer>
 #include <QGuiApplication>
-#include <QQmlComponent>
-#include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickView>
 #include <QQuickWindow>
@@ -19,13 +17,10 @@ namespace {
 
 void refitAfterTurn(benchmark::State& state)
 {
-    const ImageLoadResult loaded = loadImageFile(qEnvironmentVariable("QUORVANE_BENCH_PHOTO"), 100'000'000);
-    if (!loaded.image)
-        qFatal("cannot load the benchmark photo: %s", qPrintable(loaded.failure));
     QQuickWindow window;
     window.resize(390, 844);
     auto* preview = new ImagePreview(window.contentItem());
-    preview->setImage(*loaded.image);
+    preview->setImage(benchPhoto());
     preview->setSize(QSizeF(374, 500));
     window.show();
     window.grabWindow(); // the first frame reduces the photo once
@@ -43,9 +38,6 @@ void refitAfterTurn(benchmark::State& state)
 // Arg 1: CROP as the screen calls it (acceptInBackground); arg 0: the same crop made on the GUI thread.
 void longestFrameGapDuringCrop(benchmark::State& state)
 {
-    const ImageLoadResult loaded = loadImageFile(qEnvironmentVariable("QUORVANE_BENCH_PHOTO"), 100'000'000);
-    if (!loaded.image)
-        qFatal("cannot load the benchmark photo: %s", qPrintable(loaded.failure));
     QQuickView view;
     view.resize(390, 844);
     // Something that moves on every frame, as the spinner does.
@@ -70,7 +62,7 @@ void longestFrameGapDuringCrop(benchmark::State& state)
         // The result is shown as the base page shows it: the preview reduces it to the window's size.
         auto* preview = new ImagePreview(view.contentItem());
         preview->setSize(QSizeF(374, 500));
-        CropperViewModel cropper(*loaded.image, std::make_shared<ImageCropperImp>(),
+        CropperViewModel cropper(benchPhoto(), std::make_shared<ImageCropperImp>(),
                                  [&](std::optional<QImage> image) {
                                      done = true;
                                      preview->setImage(image.value_or(QImage()));

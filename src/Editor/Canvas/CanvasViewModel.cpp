@@ -372,9 +372,8 @@ std::optional<QImage> CanvasViewModel::mergeDrawings()
 
 ToolPageViewModel::ResultJob CanvasViewModel::resultJob()
 {
-    if (m_lineImages.isEmpty())
-        return [] { return std::optional<QImage>(); };
-    return flattening();
+    // Nothing to flatten: result() hands back nothing at once.
+    return m_lineImages.isEmpty() ? ResultJob() : flattening();
 }
 
 void CanvasViewModel::close()
