@@ -2,6 +2,7 @@
 
 #include "Cropper/ImageCropperImp.h"
 #include "Helpers/Notify.h"
+#include "Recipe/Replay.h"
 
 #include <QMetaEnum>
 
@@ -38,8 +39,12 @@ void ImageEditorViewModel::navigate(Page page)
     m_toolPage = nullptr;
     QPointer<ImageEditorViewModel> self(this);
     const auto returnAction = [self](std::optional<QImage> result) {
-        if (self)
-            self->addNewImageVerion(std::move(result));
+        if (!self)
+            return;
+        std::optional<EditRecipe::Step> step;
+        if (self->m_toolPage)
+            step = self->m_toolPage->acceptedStep();
+        self->addNewImageVerion(std::move(result), std::move(step));
     };
     switch (page) {
     case Page::base:
@@ -69,10 +74,16 @@ void ImageEditorViewModel::navigate(const QString& rawValue)
 
 void ImageEditorViewModel::addNewImageVerion(std::optional<QImage> image)
 {
+    addNewImageVerion(std::move(image), std::nullopt);
+}
+
+void ImageEditorViewModel::addNewImageVerion(std::optional<QImage> image, std::optional<EditRecipe::Step> step)
+{
     navigate(Page::base);
     if (!image)
         return;
     m_previousImageVersions.append(m_image);
+    m_steps.append(std::move(step));
     m_image = std::move(*image);
     emit previousImageVersionsChanged();
     emit imageChanged();
@@ -133,5 +144,29 @@ std::optional<QImage> ImageEditorViewModel::getLastImageVersion()
 {
     if (m_previousImageVersions.isEmpty())
         return std::nullopt;
+    m_steps.removeLast();
     return m_previousImageVersions.takeLast();
+}
+
+QString ImageEditorViewModel::applySteps(const QList<EditRecipe::Step>& steps)
+{
+    for (const EditRecipe::Step& step : steps) {
+        auto next = EditRecipe::applied(m_image, step);
+        if (const auto* refusal = std::get_if<QString>(&next))
+            return *refusal;
+        addNewImageVerion(std::move(std::get<QImage>(next)), step);
+    }
+    return {};
+}
+
+std::optional<QList<EditRecipe::Step>> ImageEditorViewModel::steps() const
+{
+    QList<EditRecipe::Step> known;
+    known.reserve(m_steps.size());
+    for (const auto& step : m_steps) {
+        if (!step)
+            return std::nullopt;
+        known.append(*step);
+    }
+    return known;
 }

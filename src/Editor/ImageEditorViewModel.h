@@ -85,6 +85,14 @@ public:
     /// The one entry through which a tool page hands back its result: back to the base page, and an image,
     /// if any, becomes the current version.
     void addNewImageVerion(std::optional<QImage> image);
+    /// addNewImageVerion() with what the page did to make \a image, for the session's recipe.
+    void addNewImageVerion(std::optional<QImage> image, std::optional<EditRecipe::Step> step);
+    /// Applies \a steps in turn as versions the user can undo one by one, as if made on the pages; stops
+    /// at the first that cannot be applied and says why (empty when all were).
+    QString applySteps(const QList<EditRecipe::Step>& steps);
+    /// What made each version from the first, oldest first; none when a version came from a page that
+    /// cannot say (the filters' placeholders) or from a host's own image.
+    std::optional<QList<EditRecipe::Step>> steps() const;
     /// Undo: the previous version becomes current again. Nothing without one, or once the editor has
     /// returned.
     Q_INVOKABLE void restoreLastImageVersion();
@@ -115,6 +123,8 @@ private:
 
     QImage m_image;
     QList<QImage> m_previousImageVersions;
+    /// Beside each previous version: the step that made the version after it.
+    QList<std::optional<EditRecipe::Step>> m_steps;
     Page m_page = Page::base;
     QPointer<ToolPageViewModel> m_toolPage;
     bool m_hasReturned = false;

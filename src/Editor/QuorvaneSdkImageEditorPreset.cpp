@@ -4,6 +4,7 @@
 #include "Helpers/ImageHelpers.h"
 #include "Helpers/ImageLoader.h"
 #include "Helpers/PhotoMetadata.h"
+#include "Recipe/Replay.h"
 
 #include <QDir>
 
@@ -42,6 +43,7 @@ QuorvaneSdkImageEditorPreset::QuorvaneSdkImageEditorPreset(const QImage& image,
     , m_outputURL(std::move(outputURL))
     , m_newSize(finiteOrNone(newSize))
     , m_metadata(std::make_shared<const PhotoMetadata>(photoMetadataOf(image)))
+    , m_fingerprint{m_image ? m_image->size() : QSize(), QString()}
 {}
 
 QuorvaneSdkImageEditorPreset::QuorvaneSdkImageEditorPreset(const QUrl& imageURL,
@@ -67,6 +69,22 @@ QuorvaneSdkImageEditorPreset::QuorvaneSdkImageEditorPreset(const QUrl& imageURL,
     m_image = std::move(loaded.image);
     m_loadFailure = std::move(loaded.failure);
     m_metadata = std::make_shared<const PhotoMetadata>(std::move(loaded.metadata));
+    if (m_image)
+        m_fingerprint = {m_image->size(), std::move(loaded.sha256)};
+}
+
+QString QuorvaneSdkImageEditorPreset::setRecipe(const QByteArray& recipe)
+{
+    if (!m_image)
+        return QStringLiteral("There is no photo to apply the recipe to.");
+    auto read = EditRecipe::fromJson(recipe);
+    if (const auto* refusal = std::get_if<QString>(&read))
+        return *refusal;
+    const EditRecipe::Recipe& taken = std::get<EditRecipe::Recipe>(read);
+    if (QString refusal = EditRecipe::mismatch(taken.source, m_fingerprint); !refusal.isEmpty())
+        return refusal;
+    m_recipeSteps = taken.steps;
+    return {};
 }
 
 const PhotoMetadata& QuorvaneSdkImageEditorPreset::metadata() const

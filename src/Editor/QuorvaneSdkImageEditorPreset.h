@@ -1,6 +1,7 @@
 #pragma once
 
 #include "QuorvaneSdkImageMetadataPolicy.h"
+#include "Recipe/EditRecipe.h"
 #include "QuorvaneSdkImageOutputFormat.h"
 
 #include <QImage>
@@ -52,6 +53,17 @@ public:
     /// What the photo carried besides its pixels (its colour profile, its EXIF), for the saved copy.
     const PhotoMetadata& metadata() const;
 
+    /// Which photo this is, for recipes: its pixel size, and the SHA-256 of the file it was loaded from
+    /// (empty for a preset built from an image).
+    EditRecipe::Fingerprint fingerprint() const { return m_fingerprint; }
+
+    /// Opens the editor on this photo with a recipe's steps already made, each one a version the user can
+    /// undo, as the session that wrote \a recipe left it. A recipe that cannot be read, or that was made for
+    /// another photo, is not taken: the sentence returned says why (empty when it was taken).
+    QString setRecipe(const QByteArray& recipe);
+    /// The steps of the recipe taken, if any.
+    const QList<EditRecipe::Step>& recipeSteps() const { return m_recipeSteps; }
+
     bool hasImage() const { return m_image.has_value(); }
     /// Why the image could not be loaded; empty when it was, or when the preset was built from an image.
     QString loadFailure() const { return m_loadFailure; }
@@ -64,4 +76,6 @@ private:
     QString m_loadFailure;
     QuorvaneSdkImageMetadataPolicy m_metadataPolicy;
     std::shared_ptr<const PhotoMetadata> m_metadata;
+    EditRecipe::Fingerprint m_fingerprint;
+    QList<EditRecipe::Step> m_recipeSteps;
 };

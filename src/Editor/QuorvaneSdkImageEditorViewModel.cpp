@@ -41,6 +41,10 @@ void QuorvaneSdkImageEditorViewModel::start()
         m_editor = new ImageEditorViewModel(*m_image, this);
         connect(m_editor, &ImageEditorViewModel::returnAction, this,
                 [this](const std::optional<QImage>& image) { deliver(image); });
+        if (const QString refusal = m_editor->applySteps(m_preset.recipeSteps()); !refusal.isEmpty())
+            ImageLogger::shared().log(QStringLiteral("QuorvaneSdkImageEditorViewModel"),
+                                      QStringLiteral("recipe not applied: %1").arg(refusal),
+                                      SharedQuorvaneSdkLogSeverity::error);
     }
     m_started = true;
     emit imageChanged();
@@ -50,7 +54,7 @@ void QuorvaneSdkImageEditorViewModel::start()
 namespace {
 
 QuorvaneSdkImageEditorResult makeResult(const QuorvaneSdkImageEditorPreset& preset, ImageSaver& saver,
-                                        const std::optional<QImage>& image)
+                                        const std::optional<QImage>& image, const QString& recipe = QString())
 {
     if (!image)
         return {};
@@ -66,10 +70,24 @@ QuorvaneSdkImageEditorResult makeResult(const QuorvaneSdkImageEditorPreset& pres
     } catch (const QuorvaneSdkImageError&) {
         // Already logged by the saver; the host still gets the image.
     }
-    return {std::move(resultImage), std::move(url)};
+    return {std::move(resultImage), std::move(url), recipe};
 }
 
 } // namespace
+
+QString QuorvaneSdkImageEditorViewModel::recipe() const
+{
+    const std::optional<QList<EditRecipe::Step>> steps = m_editor ? m_editor->steps() : std::nullopt;
+    if (!steps)
+        return {};
+    const QuorvaneSdkImageOutputFormat format = m_preset.outputFormat();
+    EditRecipe::Output output;
+    output.format = format.kind() == QuorvaneSdkImageOutputFormat::Kind::png ? QStringLiteral("png")
+                                                                            : QStringLiteral("jpg");
+    output.quality = format.compressionQuality();
+    output.resize = m_preset.newSize();
+    return QString::fromUtf8(EditRecipe::toJson({m_preset.fingerprint(), *steps, output}));
+}
 
 QuorvaneSdkImageEditorResult QuorvaneSdkImageEditorViewModel::getResult(const std::optional<QImage>& image)
 {
@@ -84,15 +102,22 @@ void QuorvaneSdkImageEditorViewModel::setSavesInBackground(bool inBackground)
 
 void QuorvaneSdkImageEditorViewModel::deliver(const std::optional<QImage>& image)
 {
-    if (!m_savesInBackground || !image) {
+    if (!image) {
         emit completion(getResult(image));
+        return;
+    }
+    if (!m_savesInBackground) {
+        emit completion(makeResult(m_preset, *m_imageSaver, image, recipe()));
         return;
     }
     m_editor->setWorking(true);
     // The preset is fixed once the session has started, and the saver keeps no state: copies of both serve
     // the pool thread.
     runInBackground<QuorvaneSdkImageEditorResult>(
-        this, [preset = m_preset, saver = m_imageSaver, image] { return makeResult(preset, *saver, image); },
+        this,
+        [preset = m_preset, saver = m_imageSaver, image, recipe = recipe()] {
+            return makeResult(preset, *saver, image, recipe);
+        },
         [this](QuorvaneSdkImageEditorResult result) {
             m_editor->setWorking(false);
             emit completion(result);

@@ -51,6 +51,10 @@ public:
     /// failed save still returns the image, with no URL; no image gives an empty result.
     virtual QuorvaneSdkImageEditorResult getResult(const std::optional<QImage>& image);
 
+    /// The editor's steps so far with this preset's photo and output, as a recipe (JSON); empty when a step
+    /// cannot be written as one.
+    QString recipe() const;
+
     /// getResult() for QML: a null or undefined \a image means none.
     Q_INVOKABLE QuorvaneSdkImageEditorResult resultFor(const QVariant& image);
 

@@ -27,14 +27,17 @@ void ToolPageViewModel::cancel()
 void ToolPageViewModel::accept()
 {
     // Checked before result(): a crop or a flattening is not worth making for a second tap.
-    if (canLeave() && canAccept() && !m_hasReturned && !m_isWorking)
+    if (canLeave() && canAccept() && !m_hasReturned && !m_isWorking) {
+        m_acceptedStep = recipeStep();
         leave(result());
+    }
 }
 
 void ToolPageViewModel::acceptInBackground()
 {
     if (!canLeave() || !canAccept() || m_hasReturned || m_isWorking)
         return;
+    m_acceptedStep = recipeStep();
     ResultJob job = resultJob();
     if (!job) {
         leave(result());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Recipe/EditRecipe.h"
 #include "TrackedAction.h"
 
 #include <QImage>
@@ -30,6 +31,8 @@ public:
     bool hasTrackedActions() const { return !m_trackedActions.isEmpty(); }
     bool hasReturned() const { return m_hasReturned; }
     bool isWorking() const { return m_isWorking; }
+    /// What the accepted result did, as a recipe's step; none before accepting, or when the page cannot say.
+    const std::optional<EditRecipe::Step>& acceptedStep() const { return m_acceptedStep; }
 
     /// Runs the last tracked action's undo and removes it; nothing without one. A page with a history of its
     /// own (the canvas) overrides it and records no tracked actions.
@@ -60,6 +63,8 @@ protected:
     virtual ResultJob resultJob() { return {}; }
     /// Once the job's result is back, before it is handed on.
     virtual void resultJobFinished() {}
+    /// What result() will do, as a recipe's step, asked just before it.
+    virtual std::optional<EditRecipe::Step> recipeStep() const { return std::nullopt; }
 
     /// Records an edit; \a undo reverses it, and runs only while the page exists.
     void track(std::function<void()> undo);
@@ -71,4 +76,5 @@ private:
     QList<TrackedAction> m_trackedActions;
     bool m_hasReturned = false;
     bool m_isWorking = false;
+    std::optional<EditRecipe::Step> m_acceptedStep;
 };

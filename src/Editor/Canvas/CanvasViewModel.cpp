@@ -14,40 +14,10 @@
 
 namespace {
 
-// Swatch colours and text are chosen in sRGB: on a photo of a wider gamut they are converted, so the saved
-// file shows the colour the user picked rather than a more saturated one.
-QImage inColourSpace(const QImage& overlay, const QColorSpace& space)
-{
-    if (!space.isValid() || space == QColorSpace(QColorSpace::SRgb))
-        return overlay;
-    QImage converted = overlay;
-    if (!converted.colorSpace().isValid())
-        converted.setColorSpace(QColorSpace::SRgb);
-    converted.convertToColorSpace(space);
-    return converted;
-}
-
 // The frame as the page lays it out: the left and top edges belong to it, the right and bottom ones do not.
 bool frameContains(QSizeF frame, QPointF point)
 {
     return point.x() >= 0 && point.y() >= 0 && point.x() < frame.width() && point.y() < frame.height();
-}
-
-// A stroke's picture: the path through \a points, stroked once, on a transparent image of \a size points.
-QImage strokeImage(QSizeF size, const QList<QPointF>& points, const QColor& color, qreal width)
-{
-    QImage image = ImageHelpers::transparentCanvas(size);
-    if (image.isNull())
-        return image;
-    QPainterPath path(points.first());
-    for (qsizetype i = 1; i < points.size(); ++i)
-        path.lineTo(points[i]);
-    QPainter painter(&image);
-    painter.setRenderHint(QPainter::Antialiasing);
-    // Butt caps and mitre joins: what strokes get when nothing else is asked for.
-    painter.setPen(QPen(color, width, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
-    painter.drawPath(path);
-    return image;
 }
 
 void sayUnsupportedAlignment()
@@ -131,7 +101,8 @@ void CanvasViewModel::addFinalPoint(QPointF point, QSizeF frameSize)
     shifted.reserve(m_currentLine.points.size());
     for (const QPointF& p : std::as_const(m_currentLine.points))
         shifted.append(p - topLeft);
-    QImage picture = strokeImage(size, shifted, m_selectedColor, m_selectedlineWidth);
+    Overlay::StrokeShape stroke{std::move(shifted), m_selectedColor, m_selectedlineWidth};
+    QImage picture = Overlay::strokePicture(size, stroke, ImageHelpers::screenScale());
 
     // A frame that shrank past the stroke leaves no box to draw in: the stroke is dropped, with no item and
     // no undo step the user could not see, and the next one starts clean.
@@ -139,7 +110,8 @@ void CanvasViewModel::addFinalPoint(QPointF point, QSizeF frameSize)
         recordState();
         QList<LineImagePtr> images = m_lineImages;
         images.append(std::make_shared<LineImage>(m_imageFrameSize, std::move(picture),
-                                                  QSizeF(topLeft.x(), topLeft.y())));
+                                                  QSizeF(topLeft.x(), topLeft.y()), Angle(), 1.0,
+                                                  std::move(stroke)));
         setLineImages(std::move(images));
     }
     m_currentLine = Line();
@@ -200,7 +172,8 @@ void CanvasViewModel::undoLastAction()
             offset = QSizeF(offset.width() * (m_imageFrameSize.width() / state.currentImageSize.width()),
                             offset.height() * (m_imageFrameSize.height() / state.currentImageSize.height()));
         }
-        images.append(std::make_shared<LineImage>(saved->currentImageSize(), saved->image(), offset));
+        images.append(std::make_shared<LineImage>(saved->currentImageSize(), saved->image(), offset, Angle(),
+                                                  1.0, saved->shape()));
     }
     setLineImages(std::move(images));
 }
@@ -274,6 +247,11 @@ void CanvasViewModel::setColor(const QColor& color)
 
 void CanvasViewModel::addText(std::optional<QImage> image)
 {
+    addText(std::move(image), {});
+}
+
+void CanvasViewModel::addText(std::optional<QImage> image, Overlay::Shape shape)
+{
     setEnteringText(false);
     if (!image)
         return;
@@ -282,7 +260,8 @@ void CanvasViewModel::addText(std::optional<QImage> image)
     const QSizeF offset((m_imageFrameSize.width() - size.width()) / 2,
                         (m_imageFrameSize.height() - size.height()) / 2);
     QList<LineImagePtr> images = m_lineImages;
-    images.append(std::make_shared<LineImage>(m_imageFrameSize, std::move(*image), offset));
+    images.append(
+        std::make_shared<LineImage>(m_imageFrameSize, std::move(*image), offset, Angle(), 1.0, std::move(shape)));
     setLineImages(std::move(images));
 }
 
@@ -305,58 +284,42 @@ void CanvasViewModel::confirmText(TextImageViewModel* text)
         addText(std::nullopt);
         return;
     }
-    QImage image = text->textToImage();
-    addText(image.isNull() ? std::nullopt : std::optional<QImage>(std::move(image)));
+    const Overlay::TextShape shape = text->textShape();
+    QImage image = Overlay::textPicture(shape, ImageHelpers::screenScale());
+    addText(image.isNull() ? std::nullopt : std::optional<QImage>(std::move(image)), shape);
 }
 
-namespace {
-
-// Where one item lands on the base image, in its pixels.
-struct Placement
+std::optional<EditRecipe::Overlays> CanvasViewModel::overlaysStep() const
 {
-    QImage image;
-    QRectF rect;
-    qreal degrees = 0;
-    qreal magnification = 1;
-};
-
-} // namespace
+    if (m_imageFrameSize.isEmpty() || m_lineImages.isEmpty())
+        return std::nullopt;
+    EditRecipe::Overlays step{m_imageFrameSize, ImageHelpers::screenScale(), {}};
+    for (const LineImagePtr& item : m_lineImages) {
+        // A picture handed over without its shape cannot be drawn again.
+        if (std::holds_alternative<std::monostate>(item->shape()))
+            return std::nullopt;
+        const QRectF box(QPointF(item->offset().width(), item->offset().height()),
+                         item->image().deviceIndependentSize());
+        step.items.append(Overlay::recipeItem(item->shape(), box, item->rotationAngle().degrees(),
+                                              item->magnification(), m_imageFrameSize));
+    }
+    return step;
+}
 
 ToolPageViewModel::ResultJob CanvasViewModel::flattening() const
 {
-    const QSizeF base = m_image.deviceIndependentSize();
-    const QSizeF frame = m_imageFrameSize;
-    const QColorSpace space = m_image.colorSpace();
-    QList<Placement> placements;
-    if (!frame.isEmpty()) {
-        for (const LineImagePtr& item : std::as_const(m_lineImages)) {
-            const QSizeF size = item->image().deviceIndependentSize();
-            placements.append({inColourSpace(item->image(), space),
-                               QRectF(item->offset().width() / frame.width() * base.width(),
-                                      item->offset().height() / frame.height() * base.height(),
-                                      size.width() / frame.width() * base.width(),
-                                      size.height() / frame.height() * base.height()),
-                               item->rotationAngle().degrees(), item->magnification()});
-        }
+    // Drawn from the step a recipe keeps, so that replaying the recipe gives the very same pixels.
+    if (std::optional<EditRecipe::Overlays> step = overlaysStep())
+        return [image = m_image, step = std::move(*step)] { return Overlay::flattened(image, step); };
+    QList<Overlay::Placement> placements;
+    for (const LineImagePtr& item : std::as_const(m_lineImages)) {
+        placements.append({item->image(),
+                           QRectF(QPointF(item->offset().width(), item->offset().height()),
+                                  item->image().deviceIndependentSize()),
+                           item->rotationAngle().degrees(), item->magnification()});
     }
-    return [image = m_image, placements = std::move(placements)]() -> std::optional<QImage> {
-        // At the base image's own resolution: a 12-megapixel photo keeps all its pixels.
-        QImage canvas = ImageHelpers::premultipliedCopy(image);
-        if (canvas.isNull())
-            return std::nullopt;
-        QPainter painter(&canvas);
-        painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-        for (const Placement& placement : placements) {
-            const QPointF centre = placement.rect.center();
-            painter.save();
-            painter.translate(centre);
-            painter.rotate(placement.degrees);
-            painter.scale(placement.magnification, placement.magnification);
-            painter.translate(-centre);
-            painter.drawImage(placement.rect, placement.image);
-            painter.restore();
-        }
-        return canvas;
+    return [image = m_image, frame = m_imageFrameSize, placements = std::move(placements)] {
+        return Overlay::flattened(image, frame, placements);
     };
 }
 
@@ -514,4 +477,11 @@ void CanvasViewModel::setSelectedLineImage(LineImagePtr item)
         return;
     m_selectedLineImage = std::move(item);
     emit selectedLineImageChanged();
+}
+
+std::optional<EditRecipe::Step> CanvasViewModel::recipeStep() const
+{
+    if (std::optional<EditRecipe::Overlays> step = overlaysStep())
+        return *step;
+    return std::nullopt;
 }

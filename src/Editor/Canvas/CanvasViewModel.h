@@ -126,6 +126,8 @@ public:
     void setColor(const QColor& color);
     /// Ends text entry and adds \a image centred as an item; none adds nothing.
     void addText(std::optional<QImage> image);
+    /// addText() with what the picture shows, so that it can be drawn again.
+    void addText(std::optional<QImage> image, Overlay::Shape shape);
     static QList<QColor> colorItems();
     /// The place of \a color among colorItems(), -1 when it is none of them.
     Q_INVOKABLE static int colorIndex(const QColor& color) { return int(colorItems().indexOf(color)); }
@@ -139,6 +141,9 @@ public:
     /// Draws every item onto the image at the image's own resolution and empties the list; none without
     /// items.
     std::optional<QImage> mergeDrawings();
+    /// The items as a recipe's step, normalised to the frame; none before the page is laid out, without
+    /// items, or with an item whose shape is unknown.
+    std::optional<EditRecipe::Overlays> overlaysStep() const;
 
     void close() override;
     void deleteItem() override;
@@ -177,6 +182,7 @@ protected:
     bool canAccept() const override { return hasPreviousStates(); }
     std::optional<QImage> result() override { return mergeDrawings(); }
     ResultJob resultJob() override;
+    std::optional<EditRecipe::Step> recipeStep() const override;
     void resultJobFinished() override { setLineImages({}); }
 
 private:

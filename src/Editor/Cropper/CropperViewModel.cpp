@@ -4,6 +4,7 @@
 #include "Editor/Helpers/Finite.h"
 #include "Editor/Helpers/Notify.h"
 #include "Editor/Helpers/Truncate.h"
+#include "Editor/Recipe/Replay.h"
 #include "Error/QuorvaneSdkImageError.h"
 
 #include <QPointer>
@@ -95,6 +96,11 @@ ToolPageViewModel::ResultJob CropperViewModel::resultJob()
 {
     assignAndNotify(this, m_isCroppingInProgress, true, &CropperViewModel::isCroppingInProgressChanged);
     return [cropper = m_cropper, input = cropInput()] { return cropWith(*cropper, input); };
+}
+
+std::optional<EditRecipe::Step> CropperViewModel::recipeStep() const
+{
+    return EditRecipe::cropStep(cropInput());
 }
 
 void CropperViewModel::resultJobFinished()

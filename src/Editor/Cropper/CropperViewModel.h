@@ -148,6 +148,7 @@ protected:
     std::optional<QImage> result() override { return cropImage(); }
     ResultJob resultJob() override;
     void resultJobFinished() override;
+    std::optional<EditRecipe::Step> recipeStep() const override;
 
 private:
     QuorvaneSdkImageCropInput cropInput() const;

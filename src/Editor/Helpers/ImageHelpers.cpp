@@ -169,14 +169,14 @@ std::optional<QImage> resized(const QImage& image, QSizeF size)
     return result;
 }
 
-QImage transparentCanvas(QSizeF points)
+QImage transparentCanvas(QSizeF points, std::optional<qreal> scale)
 {
-    return filledCanvas(points, Qt::transparent);
+    return filledCanvas(points, Qt::transparent, scale);
 }
 
-QImage filledCanvas(QSizeF points, const QColor& color)
+QImage filledCanvas(QSizeF points, const QColor& color, std::optional<qreal> givenScale)
 {
-    const qreal scale = screenScale();
+    const qreal scale = givenScale.value_or(screenScale());
     const auto pixels = pixelSizeFor(points, scale);
     if (!pixels)
         return {};

@@ -44,10 +44,11 @@ QImage premultipliedCopy(const QImage& image);
 /// source's pixels must carry along.
 void keepMetadata(QImage& image, const QImage& source);
 
-/// A transparent, non-opaque image of \a points at the screen's scale; null for an empty or absurd size.
-QImage transparentCanvas(QSizeF points);
+/// A transparent, non-opaque image of \a points at \a scale pixels a point (the screen's by default); null
+/// for an empty or absurd size.
+QImage transparentCanvas(QSizeF points, std::optional<qreal> scale = std::nullopt);
 
 /// transparentCanvas filled with \a color instead.
-QImage filledCanvas(QSizeF points, const QColor& color);
+QImage filledCanvas(QSizeF points, const QColor& color, std::optional<qreal> scale = std::nullopt);
 
 } // namespace ImageHelpers

@@ -4,6 +4,7 @@
 #include "ImageHelpers.h"
 
 #include <QBuffer>
+#include <QCryptographicHash>
 #include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
@@ -287,5 +288,7 @@ ImageLoadResult loadImageFile(const QString& path, qint64 maxPixels)
         else
             return failed(sentence(path, QStringLiteral("could not be turned upright: not enough memory.")));
     }
-    return {std::move(image), QString(), std::move(metadata)};
+    const QString sha256 =
+        QString::fromLatin1(QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex());
+    return {std::move(image), QString(), std::move(metadata), sha256};
 }

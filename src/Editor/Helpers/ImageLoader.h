@@ -14,6 +14,8 @@ struct ImageLoadResult
     QString failure;
     /// What the file carries besides its pixels.
     PhotoMetadata metadata;
+    /// SHA-256 of the file's bytes, lower-case hexadecimal, once it has loaded: which photo a recipe is for.
+    QString sha256;
 };
 
 /// Decodes the image file at \a path upright (EXIF orientation applied). Files that are missing, not

@@ -12,6 +12,8 @@ namespace EditRecipe {
 namespace {
 
 constexpr int kStepVersion = 1;
+// Items may be moved past the picture's edges, but not so far that the numbers stop meaning a place.
+constexpr double kMaxPlace = 100;
 
 QJsonArray numbers(std::initializer_list<double> values)
 {
@@ -37,10 +39,14 @@ QJsonObject itemToJson(const Item& item)
             points.append(point.x());
             points.append(point.y());
         }
+        const QRectF& box = stroke->box;
         return {{QStringLiteral("type"), QStringLiteral("stroke")},
+                {QStringLiteral("box"), numbers({box.x(), box.y(), box.width(), box.height()})},
                 {QStringLiteral("points"), points},
                 {QStringLiteral("color"), stroke->color.name(QColor::HexArgb)},
-                {QStringLiteral("width"), stroke->width}};
+                {QStringLiteral("width"), stroke->width},
+                {QStringLiteral("degrees"), stroke->degrees},
+                {QStringLiteral("scale"), stroke->scale}};
     }
     const Text& text = std::get<Text>(item);
     return {{QStringLiteral("type"), QStringLiteral("text")},
@@ -52,6 +58,7 @@ QJsonObject itemToJson(const Item& item)
             {QStringLiteral("uppercase"), text.uppercase},
             {QStringLiteral("color"), text.color.name(QColor::HexArgb)},
             {QStringLiteral("centre"), numbers({text.centre.x(), text.centre.y()})},
+            {QStringLiteral("wrapWidth"), text.wrapWidth},
             {QStringLiteral("degrees"), text.degrees},
             {QStringLiteral("scale"), text.scale}};
 }
@@ -75,7 +82,11 @@ QJsonObject stepToJson(const Step& step)
         QJsonArray items;
         for (const Item& item : std::get<Overlays>(step).items)
             items.append(itemToJson(item));
+
+        const Overlays& overlays = std::get<Overlays>(step);
         object.insert(QStringLiteral("operation"), QStringLiteral("overlays"));
+        object.insert(QStringLiteral("frame"), numbers({overlays.frame.width(), overlays.frame.height()}));
+        object.insert(QStringLiteral("pixelRatio"), overlays.pixelRatio);
         object.insert(QStringLiteral("items"), items);
     }
     return object;
@@ -183,6 +194,14 @@ public:
                        out.flipVertical);
     }
 
+    bool turnAndScale(const QJsonObject& object, const QString& where, double& degrees, double& scale)
+    {
+        return number(object.value(QStringLiteral("degrees")), where + QStringLiteral(".degrees"), -1e6, 1e6,
+                      degrees) &&
+               number(object.value(QStringLiteral("scale")), where + QStringLiteral(".scale"), 1e-6, 1e6,
+                      scale);
+    }
+
     bool item(const QJsonValue& value, const QString& where, qsizetype& pointsLeft, Item& out)
     {
         const QJsonObject object = value.toObject();
@@ -201,15 +220,23 @@ public:
                 double x = 0;
                 double y = 0;
                 const QString at = QStringLiteral("%1.points[%2]").arg(where).arg(i / 2);
-                if (!number(flat[i], at, 0, 1, x) || !number(flat[i + 1], at, 0, 1, y))
+                if (!number(flat[i], at, -kMaxPlace, kMaxPlace, x) ||
+                    !number(flat[i + 1], at, -kMaxPlace, kMaxPlace, y))
                     return false;
                 stroke.points.append(QPointF(x, y));
             }
-            if (!color(object.value(QStringLiteral("color")), where + QStringLiteral(".color"),
+            std::array<double, 4> box{};
+            if (!numbers(object.value(QStringLiteral("box")), where + QStringLiteral(".box"), -kMaxPlace,
+                         kMaxPlace, box) ||
+                !color(object.value(QStringLiteral("color")), where + QStringLiteral(".color"),
                        stroke.color) ||
                 !number(object.value(QStringLiteral("width")), where + QStringLiteral(".width"), 0, 1,
-                        stroke.width))
+                        stroke.width) ||
+                !turnAndScale(object, where, stroke.degrees, stroke.scale))
                 return false;
+            if (box[2] < 0 || box[3] < 0 || box[2] > 1 || box[3] > 1)
+                return refuse(where + QStringLiteral(".box"), QStringLiteral("must be no larger than the frame"));
+            stroke.box = QRectF(box[0], box[1], box[2], box[3]);
             out = stroke;
             return true;
         }
@@ -228,12 +255,11 @@ public:
                 !boolean(object.value(QStringLiteral("uppercase")), where + QStringLiteral(".uppercase"),
                          text.uppercase) ||
                 !color(object.value(QStringLiteral("color")), where + QStringLiteral(".color"), text.color) ||
-                !numbers(object.value(QStringLiteral("centre")), where + QStringLiteral(".centre"), -1, 2,
-                         centre) ||
-                !number(object.value(QStringLiteral("degrees")), where + QStringLiteral(".degrees"), -1e6,
-                        1e6, text.degrees) ||
-                !number(object.value(QStringLiteral("scale")), where + QStringLiteral(".scale"), 1e-3, 1e3,
-                        text.scale))
+                !numbers(object.value(QStringLiteral("centre")), where + QStringLiteral(".centre"),
+                         -kMaxPlace, kMaxPlace, centre) ||
+                !number(object.value(QStringLiteral("wrapWidth")), where + QStringLiteral(".wrapWidth"), 0,
+                        1, text.wrapWidth) ||
+                !turnAndScale(object, where, text.degrees, text.scale))
                 return false;
             text.centre = QPointF(centre[0], centre[1]);
             out = text;
@@ -274,6 +300,13 @@ public:
         if (items.size() > kMaxItems)
             return refuse(where + QStringLiteral(".items"), QStringLiteral("exceed %1 items").arg(kMaxItems));
         Overlays overlays;
+        std::array<double, 2> frame{};
+        if (!numbers(object.value(QStringLiteral("frame")), where + QStringLiteral(".frame"), 1, 100'000,
+                     frame) ||
+            !number(object.value(QStringLiteral("pixelRatio")), where + QStringLiteral(".pixelRatio"), 0.25, 8,
+                    overlays.pixelRatio))
+            return false;
+        overlays.frame = QSizeF(frame[0], frame[1]);
         for (qsizetype i = 0; i < items.size(); ++i) {
             Item item;
             if (!this->item(items[i], QStringLiteral("%1.items[%2]").arg(where).arg(i), pointsLeft, item))
@@ -295,8 +328,8 @@ QByteArray toJson(const Recipe& recipe)
     QJsonObject output{{QStringLiteral("format"), recipe.output.format},
                        {QStringLiteral("quality"), recipe.output.quality}};
     if (recipe.output.resize)
-        output.insert(QStringLiteral("resize"), numbers({double(recipe.output.resize->width()),
-                                                         double(recipe.output.resize->height())}));
+        output.insert(QStringLiteral("resize"),
+                      numbers({recipe.output.resize->width(), recipe.output.resize->height()}));
     const QJsonObject root{
         {QStringLiteral("format"), QString::fromLatin1(kFormatName)},
         {QStringLiteral("version"), kMajorVersion},
@@ -342,9 +375,10 @@ std::variant<Recipe, QString> fromJson(const QByteArray& json)
         return reader.refusal;
     recipe.source.uprightSize = QSize(width, height);
     recipe.source.sha256 = source.value(QStringLiteral("sha256")).toString();
-    static const QRegularExpression hex(QStringLiteral("^[0-9a-f]{64}$"));
+    static const QRegularExpression hex(QStringLiteral("^([0-9a-f]{64})?$"));
     if (!hex.match(recipe.source.sha256).hasMatch())
-        return QStringLiteral("The recipe's source.sha256 must be 64 lower-case hexadecimal digits.");
+        return QStringLiteral(
+            "The recipe's source.sha256 must be 64 lower-case hexadecimal digits, or empty.");
 
     const QJsonArray steps = root.value(QStringLiteral("steps")).toArray();
     if (steps.size() > kMaxSteps)
@@ -367,16 +401,11 @@ std::variant<Recipe, QString> fromJson(const QByteArray& json)
                         recipe.output.quality))
         return reader.refusal;
     if (output.contains(QStringLiteral("resize"))) {
-        const QJsonArray size = output.value(QStringLiteral("resize")).toArray();
-        int resizeWidth = 0;
-        int resizeHeight = 0;
-        if (size.size() != 2 ||
-            !reader.integer(size[0], QStringLiteral("output.resize[0]"), 1, 1'000'000, resizeWidth) ||
-            !reader.integer(size[1], QStringLiteral("output.resize[1]"), 1, 1'000'000, resizeHeight))
-            return reader.refusal.isEmpty()
-                       ? QStringLiteral("The recipe's output.resize must be two whole numbers.")
-                       : reader.refusal;
-        recipe.output.resize = QSize(resizeWidth, resizeHeight);
+        std::array<double, 2> size{};
+        if (!reader.numbers(output.value(QStringLiteral("resize")), QStringLiteral("output.resize"), 1,
+                            1'000'000, size))
+            return reader.refusal;
+        recipe.output.resize = QSizeF(size[0], size[1]);
     }
     return recipe;
 }

@@ -29,7 +29,7 @@ inline constexpr qsizetype kMaxTextLength = 10'000;
 struct Fingerprint
 {
     QSize uprightSize;
-    /// SHA-256 of the file's bytes, lower-case hexadecimal.
+    /// SHA-256 of the file's bytes, lower-case hexadecimal; empty when the photo came as pixels, not a file.
     QString sha256;
 
     friend bool operator==(const Fingerprint&, const Fingerprint&) = default;
@@ -48,26 +48,32 @@ struct Crop
     friend bool operator==(const Crop&, const Crop&) = default;
 };
 
-/// The colour step: the five adjustment values and the matrix they resolved to (4 × 5, row-major).
+/// The colour step: the five adjustment values (warmth, luminosity, exposure, saturation, tint) and the
+/// 4 × 4 matrix they resolved to, as the colour engine takes it.
 struct Color
 {
     std::array<double, 5> values{};
-    std::array<double, 20> matrix{};
+    std::array<double, 16> matrix{};
 
     friend bool operator==(const Color&, const Color&) = default;
 };
 
-/// A freehand stroke: points in 0–1 of the picture, width relative to its short side.
+/// A freehand stroke: its box and points in 0–1 of the picture, its width relative to the frame's short
+/// side, and the turn and scale the box takes about its centre.
 struct Stroke
 {
+    QRectF box;
     QList<QPointF> points;
     QColor color;
     double width = 0;
+    double degrees = 0;
+    double scale = 1;
 
     friend bool operator==(const Stroke&, const Stroke&) = default;
 };
 
-/// A text: its centre in 0–1 of the picture, its size relative to the short side, its turn and scale.
+/// A text: its centre in 0–1 of the picture, its size relative to the frame's short side, the width it
+/// wraps at relative to the frame's width (0 for none), its turn and scale.
 struct Text
 {
     QString text;
@@ -78,6 +84,7 @@ struct Text
     bool uppercase = false;
     QColor color;
     QPointF centre;
+    double wrapWidth = 0;
     double degrees = 0;
     double scale = 1;
 
@@ -86,9 +93,13 @@ struct Text
 
 using Item = std::variant<Stroke, Text>;
 
-/// The draw page's result: its items, bottom first.
+/// The draw page's result: its items, bottom first. Items are pictures drawn in a frame of `frame` points
+/// at `pixelRatio` pixels a point, as the page showed them, and then laid over the photo: the frame keeps
+/// the pictures (and so the saved photo) the same wherever the recipe is replayed.
 struct Overlays
 {
+    QSizeF frame;
+    double pixelRatio = 1;
     QList<Item> items;
 
     friend bool operator==(const Overlays&, const Overlays&) = default;
@@ -101,7 +112,8 @@ struct Output
     /// "jpg" or "png".
     QString format = QStringLiteral("jpg");
     int quality = 100;
-    std::optional<QSize> resize;
+    /// In points, as the preset gave it.
+    std::optional<QSizeF> resize;
 
     friend bool operator==(const Output&, const Output&) = default;
 };

@@ -17,13 +17,16 @@ Recipe sample()
     Color color;
     color.values = {0.1, 0, 0.2, 1.5, 0};
     color.matrix[0] = 1.25;
-    color.matrix[19] = -0.5;
+    color.matrix[15] = -0.5;
     recipe.steps.append(color);
-    recipe.steps.append(
-        Overlays{{Stroke{{QPointF(0.1, 0.2), QPointF(0.3, 0.45)}, QColor(255, 0, 0), 0.01},
-                  Text{QStringLiteral("Hello «dragonfly»"), QStringLiteral("Sans"), 0.05, true, false, true,
-                       QColor(0, 0, 255, 128), QPointF(0.5, 0.5), 90, 1.25}}});
-    recipe.output = {QStringLiteral("png"), 100, QSize(1200, 900)};
+    recipe.steps.append(Overlays{
+        QSizeF(400, 300),
+        2,
+        {Stroke{QRectF(0.05, 0.1, 0.3, 0.4), {QPointF(0.1, 0.2), QPointF(0.3, 0.45)}, QColor(255, 0, 0), 0.01,
+                -30, 0.75},
+         Text{QStringLiteral("Hello «dragonfly»"), QStringLiteral("Sans"), 0.05, true, false, true,
+              QColor(0, 0, 255, 128), QPointF(0.5, 0.5), 0.8, 90, 1.25}}});
+    recipe.output = {QStringLiteral("png"), 100, QSizeF(1200, 900.5)};
     return recipe;
 }
 
@@ -85,6 +88,8 @@ private slots:
         QTest::newRow("a colour that is none")
             << sampleWith({"steps", 2, "items", 0, "color"}, "#12") << "items[0].color";
         QTest::newRow("a hash that is none") << sampleWith({"source", "sha256"}, "cafe") << "source.sha256";
+        QTest::newRow("an overlay frame without area")
+            << sampleWith({"steps", 2, "frame"}, QJsonArray{0, 300}) << "steps[2].frame[0]";
         QTest::newRow("an unknown output format")
             << sampleWith({"output", "format"}, "gif") << "output.format";
     }

@@ -4,10 +4,11 @@
 #include <QUuid>
 
 LineImage::LineImage(QSizeF currentImageSize, QImage image, QSizeF offset, Angle rotationAngle,
-                     qreal magnification)
+                     qreal magnification, Overlay::Shape shape)
     : m_id(QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper())
     , m_currentImageSize(currentImageSize)
     , m_image(std::move(image))
+    , m_shape(std::move(shape))
     , m_offset(offset)
     , m_rotationAngle(rotationAngle)
     , m_magnification(magnification)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Editor/Canvas/Overlay.h"
 #include "Editor/Helpers/Angle.h"
 
 #include <QImage>
@@ -16,14 +17,16 @@ class LineImage : public QObject
     Q_OBJECT
 
 public:
+    /// \a shape says what \a image shows, so that the saved photo and a recipe can draw it again.
     LineImage(QSizeF currentImageSize, QImage image, QSizeF offset, Angle rotationAngle = Angle(),
-              qreal magnification = 1.0);
+              qreal magnification = 1.0, Overlay::Shape shape = {});
 
     /// A fresh UUID, upper case.
     QString id() const { return m_id; }
     /// The canvas frame size when the item was made.
     QSizeF currentImageSize() const { return m_currentImageSize; }
     QImage image() const { return m_image; }
+    const Overlay::Shape& shape() const { return m_shape; }
 
     /// The item's top-left corner in canvas points (width = x, height = y).
     QSizeF offset() const { return m_offset; }
@@ -54,6 +57,7 @@ private:
     const QString m_id;
     const QSizeF m_currentImageSize;
     const QImage m_image;
+    const Overlay::Shape m_shape;
     QSizeF m_offset;
     Angle m_rotationAngle;
     qreal m_magnification;

@@ -1,5 +1,6 @@
 #include "TextImageViewModel.h"
 
+#include "Editor/Canvas/Overlay.h"
 #include "Editor/Helpers/Finite.h"
 #include "Editor/Helpers/ImageHelpers.h"
 #include "Editor/Helpers/Notify.h"
@@ -11,44 +12,9 @@
 
 namespace {
 
-constexpr int kTextFlags = Qt::AlignHCenter | Qt::AlignVCenter | Qt::TextWordWrap;
-constexpr qreal kUnlimited = 1e6;
-
-// How a text is laid out: measured and drawn with the same width and flags, so that it wraps the same way
-// in both.
-struct TextLayout
-{
-    QSizeF size;
-    qreal width = kUnlimited;
-    int flags = kTextFlags;
-
-    // The text's rectangle on an image of `size`, centred: lines are centred within `width`.
-    QRectF drawingRect() const
-    {
-        return width >= kUnlimited ? QRectF(QPointF(0, 0), size)
-                                   : QRectF((size.width() - width) / 2, 0, width, size.height());
-    }
-};
-
-TextLayout layOut(const QFont& font, const QString& text, qreal maximumWidth)
-{
-    TextLayout layout;
-    if (maximumWidth > 0 && std::isfinite(maximumWidth))
-        layout.width = std::max<qreal>(1, std::floor(maximumWidth));
-    const QFontMetricsF metrics(font);
-    QRectF bounds = metrics.boundingRect(QRectF(0, 0, layout.width, kUnlimited), layout.flags, text);
-    // A word longer than the width cannot wrap at a word boundary: such a text breaks anywhere.
-    if (bounds.width() > layout.width) {
-        layout.flags = (kTextFlags & ~Qt::TextWordWrap) | Qt::TextWrapAnywhere;
-        bounds = metrics.boundingRect(QRectF(0, 0, layout.width, kUnlimited), layout.flags, text);
-    }
-    layout.size = QSizeF(std::min(std::ceil(bounds.width()), layout.width), std::ceil(bounds.height()));
-    return layout;
-}
-
 QSizeF fittedSize(const QFont& font, const QString& text)
 {
-    return layOut(font, text, 0).size;
+    return Overlay::layOut(font, text, 0).size;
 }
 
 } // namespace
@@ -126,27 +92,29 @@ QString TextImageViewModel::displayedText() const
     return m_isUppercase ? m_text.toUpper() : m_text;
 }
 
-QImage TextImageViewModel::textToImage() const
+Overlay::TextShape TextImageViewModel::textShape() const
 {
     // Measured with the traits applied, so bold and italic text is never clipped.
-    QFont styled = font(true);
-    const QString shown = displayedText();
-    TextLayout layout = layOut(styled, shown, m_maximumWidth);
+    Overlay::TextShape shape{m_text,
+                             QString(),
+                             std::max(1, int(std::lround(m_textSize))),
+                             m_isBold,
+                             m_isItalic,
+                             m_isUppercase,
+                             m_selectedColor,
+                             m_maximumWidth > 0 ? std::max(1, int(std::floor(m_maximumWidth))) : 0};
+    shape.family = shape.font().family();
+    const QString shown = shape.shown();
     // Too tall for the canvas once wrapped: smaller until every line fits.
-    while (m_maximumHeight > 0 && layout.size.height() > m_maximumHeight &&
-           styled.pixelSize() > int(minimumTextSize())) {
-        styled.setPixelSize(styled.pixelSize() - 1);
-        layout = layOut(styled, shown, m_maximumWidth);
-    }
-    QImage image = ImageHelpers::transparentCanvas(layout.size);
-    if (image.isNull())
-        return image;
-    QPainter painter(&image);
-    painter.setRenderHint(QPainter::TextAntialiasing);
-    painter.setFont(styled);
-    painter.setPen(m_selectedColor);
-    painter.drawText(layout.drawingRect(), layout.flags, shown);
-    return image;
+    while (m_maximumHeight > 0 && shape.pixelSize > int(minimumTextSize()) &&
+           Overlay::layOut(shape.font(), shown, shape.wrapWidth).size.height() > m_maximumHeight)
+        --shape.pixelSize;
+    return shape;
+}
+
+QImage TextImageViewModel::textToImage() const
+{
+    return Overlay::textPicture(textShape(), ImageHelpers::screenScale());
 }
 
 QSizeF TextImageViewModel::getTextImageSize() const
@@ -169,6 +137,6 @@ QImage TextImageViewModel::convertTextToImage(QSizeF initialSize, const QColor& 
     painter.setPen(m_selectedColor);
     const QPointF origin((initialSize.width() - text.width()) / 2,
                          (initialSize.height() - text.height()) / 2);
-    painter.drawText(QRectF(origin, text), kTextFlags, shown);
+    painter.drawText(QRectF(origin, text), Qt::AlignHCenter | Qt::AlignVCenter | Qt::TextWordWrap, shown);
     return image;
 }

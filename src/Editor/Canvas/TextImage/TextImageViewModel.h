@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Editor/Canvas/Overlay.h"
+
 #include <QColor>
 #include <QFont>
 #include <QImage>
@@ -55,6 +57,8 @@ public:
 
     /// The styled text, centred, on a transparent image just large enough for it, at the screen's scale.
     QImage textToImage() const;
+    /// What textToImage() draws: the style, and the size it is drawn at once shrunk to fit.
+    Overlay::TextShape textShape() const;
     /// The size the plain text (no traits, no case change) needs, in points.
     QSizeF getTextImageSize() const;
     /// The styled text centred in \a initialSize points over \a backgroundColor.

@@ -1,0 +1,211 @@
+#include "Overlay.h"
+
+#include "Editor/Helpers/ImageHelpers.h"
+
+#include <QColorSpace>
+#include <QColorTransform>
+#include <QFontMetricsF>
+#include <QGuiApplication>
+#include <QPainter>
+#include <QPainterPath>
+#include <cmath>
+
+namespace Overlay {
+
+namespace {
+
+constexpr int kTextFlags = Qt::AlignHCenter | Qt::AlignVCenter | Qt::TextWordWrap;
+constexpr qreal kUnlimited = 1e6;
+
+// Swatch colours and text are chosen in sRGB: on a photo of a wider gamut they are converted, so the saved
+// file shows the colour the user picked rather than a more saturated one.
+QImage inColourSpace(const QImage& overlay, const QColorSpace& space)
+{
+    if (!space.isValid() || space == QColorSpace(QColorSpace::SRgb))
+        return overlay;
+    QImage converted = overlay;
+    if (!converted.colorSpace().isValid())
+        converted.setColorSpace(QColorSpace::SRgb);
+    converted.convertToColorSpace(space);
+    return converted;
+}
+
+qreal shortSide(QSizeF size)
+{
+    return std::min(size.width(), size.height());
+}
+
+QPointF scaled(QPointF point, QSizeF by)
+{
+    return {point.x() * by.width(), point.y() * by.height()};
+}
+
+QPointF normalised(QPointF point, QSizeF by)
+{
+    return {point.x() / by.width(), point.y() / by.height()};
+}
+
+} // namespace
+
+QFont TextShape::font() const
+{
+    QFont font = QGuiApplication::font();
+    if (!family.isEmpty())
+        font.setFamily(family);
+    font.setPixelSize(std::max(1, pixelSize));
+    font.setBold(bold);
+    font.setItalic(italic);
+    return font;
+}
+
+QRectF TextLayout::drawingRect() const
+{
+    return width >= kUnlimited ? QRectF(QPointF(0, 0), size)
+                               : QRectF((size.width() - width) / 2, 0, width, size.height());
+}
+
+TextLayout layOut(const QFont& font, const QString& text, qreal maximumWidth)
+{
+    TextLayout layout{QSizeF(), kUnlimited, kTextFlags};
+    if (maximumWidth > 0 && std::isfinite(maximumWidth))
+        layout.width = std::max<qreal>(1, std::floor(maximumWidth));
+    const QFontMetricsF metrics(font);
+    QRectF bounds = metrics.boundingRect(QRectF(0, 0, layout.width, kUnlimited), layout.flags, text);
+    // A word longer than the width cannot wrap at a word boundary: such a text breaks anywhere.
+    if (bounds.width() > layout.width) {
+        layout.flags = (kTextFlags & ~Qt::TextWordWrap) | Qt::TextWrapAnywhere;
+        bounds = metrics.boundingRect(QRectF(0, 0, layout.width, kUnlimited), layout.flags, text);
+    }
+    layout.size = QSizeF(std::min(std::ceil(bounds.width()), layout.width), std::ceil(bounds.height()));
+    return layout;
+}
+
+QImage strokePicture(QSizeF size, const StrokeShape& stroke, qreal pixelRatio)
+{
+    QImage image = ImageHelpers::transparentCanvas(size, pixelRatio);
+    if (image.isNull() || stroke.points.isEmpty())
+        return image;
+    QPainterPath path(stroke.points.first());
+    for (qsizetype i = 1; i < stroke.points.size(); ++i)
+        path.lineTo(stroke.points[i]);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    // Butt caps and mitre joins: what strokes get when nothing else is asked for.
+    painter.setPen(QPen(stroke.color, stroke.width, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
+    painter.drawPath(path);
+    return image;
+}
+
+QImage textPicture(const TextShape& text, qreal pixelRatio)
+{
+    const QFont font = text.font();
+    const QString shown = text.shown();
+    const TextLayout layout = layOut(font, shown, text.wrapWidth);
+    QImage image = ImageHelpers::transparentCanvas(layout.size, pixelRatio);
+    if (image.isNull())
+        return image;
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::TextAntialiasing);
+    painter.setFont(font);
+    painter.setPen(text.color);
+    painter.drawText(layout.drawingRect(), layout.flags, shown);
+    return image;
+}
+
+std::optional<QImage> flattened(const QImage& base, QSizeF frame, const QList<Placement>& placements)
+{
+    // At the base image's own resolution: a 12-megapixel photo keeps all its pixels.
+    QImage canvas = ImageHelpers::premultipliedCopy(base);
+    if (canvas.isNull())
+        return std::nullopt;
+    if (frame.isEmpty())
+        return canvas;
+    const QSizeF size = base.deviceIndependentSize();
+    const QSizeF factor(size.width() / frame.width(), size.height() / frame.height());
+    QPainter painter(&canvas);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    for (const Placement& placement : placements) {
+        const QRectF rect(scaled(placement.rect.topLeft(), factor),
+                          QSizeF(placement.rect.width() * factor.width(),
+                                 placement.rect.height() * factor.height()));
+        const QPointF centre = rect.center();
+        painter.save();
+        painter.translate(centre);
+        painter.rotate(placement.degrees);
+        painter.scale(placement.magnification, placement.magnification);
+        painter.translate(-centre);
+        painter.drawImage(rect, inColourSpace(placement.picture, base.colorSpace()));
+        painter.restore();
+    }
+    return canvas;
+}
+
+EditRecipe::Item recipeItem(const Shape& shape, QRectF box, qreal degrees, qreal magnification, QSizeF frame)
+{
+    if (const auto* stroke = std::get_if<StrokeShape>(&shape)) {
+        EditRecipe::Stroke item;
+        item.box = QRectF(normalised(box.topLeft(), frame),
+                          QSizeF(box.width() / frame.width(), box.height() / frame.height()));
+        item.points.reserve(stroke->points.size());
+        for (const QPointF& point : stroke->points)
+            item.points.append(normalised(box.topLeft() + point, frame));
+        item.color = stroke->color;
+        item.width = stroke->width / shortSide(frame);
+        item.degrees = degrees;
+        item.scale = magnification;
+        return item;
+    }
+    const TextShape& text = std::get<TextShape>(shape);
+    EditRecipe::Text item;
+    item.text = text.text;
+    item.font = text.family;
+    item.size = text.pixelSize / shortSide(frame);
+    item.bold = text.bold;
+    item.italic = text.italic;
+    item.uppercase = text.uppercase;
+    item.color = text.color;
+    item.centre = normalised(box.center(), frame);
+    item.wrapWidth = text.wrapWidth / frame.width();
+    item.degrees = degrees;
+    item.scale = magnification;
+    return item;
+}
+
+Placement placement(const EditRecipe::Item& item, QSizeF frame, qreal pixelRatio)
+{
+    if (const auto* stroke = std::get_if<EditRecipe::Stroke>(&item)) {
+        const QRectF box(scaled(stroke->box.topLeft(), frame),
+                         QSizeF(stroke->box.width() * frame.width(), stroke->box.height() * frame.height()));
+        StrokeShape shape{{}, stroke->color, stroke->width * shortSide(frame)};
+        shape.points.reserve(stroke->points.size());
+        for (const QPointF& point : stroke->points)
+            shape.points.append(scaled(point, frame) - box.topLeft());
+        return {strokePicture(box.size(), shape, pixelRatio), box, stroke->degrees, stroke->scale};
+    }
+    const auto& text = std::get<EditRecipe::Text>(item);
+    // Sizes come back as the whole points they were, whatever rounding the division left.
+    const TextShape shape{text.text,
+                          text.font,
+                          int(std::lround(text.size * shortSide(frame))),
+                          text.bold,
+                          text.italic,
+                          text.uppercase,
+                          text.color,
+                          int(std::lround(text.wrapWidth * frame.width()))};
+    QImage picture = textPicture(shape, pixelRatio);
+    const QSizeF size = picture.deviceIndependentSize();
+    const QPointF centre = scaled(text.centre, frame);
+    return {std::move(picture), QRectF(centre - QPointF(size.width(), size.height()) / 2, size), text.degrees,
+            text.scale};
+}
+
+std::optional<QImage> flattened(const QImage& base, const EditRecipe::Overlays& overlays)
+{
+    QList<Placement> placements;
+    placements.reserve(overlays.items.size());
+    for (const EditRecipe::Item& item : overlays.items)
+        placements.append(placement(item, overlays.frame, overlays.pixelRatio));
+    return flattened(base, overlays.frame, placements);
+}
+
+} // namespace Overlay

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "EditRecipe.h"
+#include "Editor/Cropper/QuorvaneSdkImageCropInput.h"
+
+#include <QByteArray>
+#include <QImage>
+#include <QString>
+#include <variant>
+
+/// Recipes made from an editing session and applied to photos again.
+namespace EditRecipe {
+
+/// Why a recipe made for \a made cannot be applied to the photo \a photo; empty when it can. A recipe made
+/// from pixels rather than a file names no bytes, and then the size alone must agree.
+QString mismatch(const Fingerprint& made, const Fingerprint& photo);
+
+/// The step a crop request of the cropper makes.
+Crop cropStep(const QuorvaneSdkImageCropInput& input);
+
+/// The crop request \a crop makes of \a image: the same request cropStep() was made from, for the same image.
+QuorvaneSdkImageCropInput cropInput(const QImage& image, const Crop& crop);
+
+/// \a image with \a step applied as the editor's page did it; a sentence saying why not otherwise.
+std::variant<QImage, QString> applied(const QImage& image, const Step& step);
+
+/// \a image with every step applied in turn.
+std::variant<QImage, QString> replayed(QImage image, const QList<Step>& steps);
+
+} // namespace EditRecipe
