@@ -77,7 +77,8 @@ void ImageEditorViewModel::addNewImageVerion(std::optional<QImage> image)
     addNewImageVerion(std::move(image), std::nullopt);
 }
 
-void ImageEditorViewModel::addNewImageVerion(std::optional<QImage> image, std::optional<EditRecipe::Step> step)
+void ImageEditorViewModel::addNewImageVerion(std::optional<QImage> image,
+                                             std::optional<EditRecipe::Step> step)
 {
     navigate(Page::base);
     if (!image)

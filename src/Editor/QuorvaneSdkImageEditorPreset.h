@@ -1,8 +1,8 @@
 #pragma once
 
 #include "QuorvaneSdkImageMetadataPolicy.h"
-#include "Recipe/EditRecipe.h"
 #include "QuorvaneSdkImageOutputFormat.h"
+#include "Recipe/EditRecipe.h"
 
 #include <QImage>
 #include <QSizeF>

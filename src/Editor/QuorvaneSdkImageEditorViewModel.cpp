@@ -83,7 +83,7 @@ QString QuorvaneSdkImageEditorViewModel::recipe() const
     const QuorvaneSdkImageOutputFormat format = m_preset.outputFormat();
     EditRecipe::Output output;
     output.format = format.kind() == QuorvaneSdkImageOutputFormat::Kind::png ? QStringLiteral("png")
-                                                                            : QStringLiteral("jpg");
+                                                                             : QStringLiteral("jpg");
     output.quality = format.compressionQuality();
     output.resize = m_preset.newSize();
     return QString::fromUtf8(EditRecipe::toJson({m_preset.fingerprint(), *steps, output}));

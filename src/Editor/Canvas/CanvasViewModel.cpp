@@ -260,8 +260,8 @@ void CanvasViewModel::addText(std::optional<QImage> image, Overlay::Shape shape)
     const QSizeF offset((m_imageFrameSize.width() - size.width()) / 2,
                         (m_imageFrameSize.height() - size.height()) / 2);
     QList<LineImagePtr> images = m_lineImages;
-    images.append(
-        std::make_shared<LineImage>(m_imageFrameSize, std::move(*image), offset, Angle(), 1.0, std::move(shape)));
+    images.append(std::make_shared<LineImage>(m_imageFrameSize, std::move(*image), offset, Angle(), 1.0,
+                                              std::move(shape)));
     setLineImages(std::move(images));
 }
 

@@ -125,9 +125,9 @@ std::optional<QImage> flattened(const QImage& base, QSizeF frame, const QList<Pl
     QPainter painter(&canvas);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     for (const Placement& placement : placements) {
-        const QRectF rect(scaled(placement.rect.topLeft(), factor),
-                          QSizeF(placement.rect.width() * factor.width(),
-                                 placement.rect.height() * factor.height()));
+        const QRectF rect(
+            scaled(placement.rect.topLeft(), factor),
+            QSizeF(placement.rect.width() * factor.width(), placement.rect.height() * factor.height()));
         const QPointF centre = rect.center();
         painter.save();
         painter.translate(centre);
@@ -184,14 +184,9 @@ Placement placement(const EditRecipe::Item& item, QSizeF frame, qreal pixelRatio
     }
     const auto& text = std::get<EditRecipe::Text>(item);
     // Sizes come back as the whole points they were, whatever rounding the division left.
-    const TextShape shape{text.text,
-                          text.font,
-                          int(std::lround(text.size * shortSide(frame))),
-                          text.bold,
-                          text.italic,
-                          text.uppercase,
-                          text.color,
-                          int(std::lround(text.wrapWidth * frame.width()))};
+    const TextShape shape{
+        text.text,      text.font,  int(std::lround(text.size * shortSide(frame))),  text.bold, text.italic,
+        text.uppercase, text.color, int(std::lround(text.wrapWidth * frame.width()))};
     QImage picture = textPicture(shape, pixelRatio);
     const QSizeF size = picture.deviceIndependentSize();
     const QPointF centre = scaled(text.centre, frame);

@@ -235,7 +235,8 @@ public:
                 !turnAndScale(object, where, stroke.degrees, stroke.scale))
                 return false;
             if (box[2] < 0 || box[3] < 0 || box[2] > 1 || box[3] > 1)
-                return refuse(where + QStringLiteral(".box"), QStringLiteral("must be no larger than the frame"));
+                return refuse(where + QStringLiteral(".box"),
+                              QStringLiteral("must be no larger than the frame"));
             stroke.box = QRectF(box[0], box[1], box[2], box[3]);
             out = stroke;
             return true;
@@ -257,8 +258,8 @@ public:
                 !color(object.value(QStringLiteral("color")), where + QStringLiteral(".color"), text.color) ||
                 !numbers(object.value(QStringLiteral("centre")), where + QStringLiteral(".centre"),
                          -kMaxPlace, kMaxPlace, centre) ||
-                !number(object.value(QStringLiteral("wrapWidth")), where + QStringLiteral(".wrapWidth"), 0,
-                        1, text.wrapWidth) ||
+                !number(object.value(QStringLiteral("wrapWidth")), where + QStringLiteral(".wrapWidth"), 0, 1,
+                        text.wrapWidth) ||
                 !turnAndScale(object, where, text.degrees, text.scale))
                 return false;
             text.centre = QPointF(centre[0], centre[1]);
@@ -303,8 +304,8 @@ public:
         std::array<double, 2> frame{};
         if (!numbers(object.value(QStringLiteral("frame")), where + QStringLiteral(".frame"), 1, 100'000,
                      frame) ||
-            !number(object.value(QStringLiteral("pixelRatio")), where + QStringLiteral(".pixelRatio"), 0.25, 8,
-                    overlays.pixelRatio))
+            !number(object.value(QStringLiteral("pixelRatio")), where + QStringLiteral(".pixelRatio"), 0.25,
+                    8, overlays.pixelRatio))
             return false;
         overlays.frame = QSizeF(frame[0], frame[1]);
         for (qsizetype i = 0; i < items.size(); ++i) {

@@ -18,7 +18,8 @@ QString mismatch(const Fingerprint& made, const Fingerprint& photo)
             .arg(photo.uprightSize.width())
             .arg(photo.uprightSize.height());
     if (!made.sha256.isEmpty() && made.sha256 != photo.sha256)
-        return QStringLiteral("The recipe was made for another photo of the same size (its SHA-256 differs).");
+        return QStringLiteral(
+            "The recipe was made for another photo of the same size (its SHA-256 differs).");
     return {};
 }
 

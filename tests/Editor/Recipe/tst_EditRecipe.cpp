@@ -19,13 +19,17 @@ Recipe sample()
     color.matrix[0] = 1.25;
     color.matrix[15] = -0.5;
     recipe.steps.append(color);
-    recipe.steps.append(Overlays{
-        QSizeF(400, 300),
-        2,
-        {Stroke{QRectF(0.05, 0.1, 0.3, 0.4), {QPointF(0.1, 0.2), QPointF(0.3, 0.45)}, QColor(255, 0, 0), 0.01,
-                -30, 0.75},
-         Text{QStringLiteral("Hello «dragonfly»"), QStringLiteral("Sans"), 0.05, true, false, true,
-              QColor(0, 0, 255, 128), QPointF(0.5, 0.5), 0.8, 90, 1.25}}});
+    recipe.steps.append(
+        Overlays{QSizeF(400, 300),
+                 2,
+                 {Stroke{QRectF(0.05, 0.1, 0.3, 0.4),
+                         {QPointF(0.1, 0.2), QPointF(0.3, 0.45)},
+                         QColor(255, 0, 0),
+                         0.01,
+                         -30,
+                         0.75},
+                  Text{QStringLiteral("Hello «dragonfly»"), QStringLiteral("Sans"), 0.05, true, false, true,
+                       QColor(0, 0, 255, 128), QPointF(0.5, 0.5), 0.8, 90, 1.25}}});
     recipe.output = {QStringLiteral("png"), 100, QSizeF(1200, 900.5)};
     return recipe;
 }
