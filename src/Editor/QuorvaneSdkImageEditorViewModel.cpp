@@ -63,6 +63,11 @@ QuorvaneSdkImageEditorResult makeResult(const QuorvaneSdkImageEditorPreset& pres
         if (auto resized = ImageHelpers::resized(resultImage, *newSize))
             resultImage = std::move(*resized);
     }
+    // The photo's density, which pages that make new images (the colour engine) do not carry along.
+    if (const auto& source = preset.image()) {
+        resultImage.setDotsPerMeterX(source->dotsPerMeterX());
+        resultImage.setDotsPerMeterY(source->dotsPerMeterY());
+    }
     std::optional<QUrl> url;
     try {
         url = saver.save(resultImage, preset.outputFormat(), preset.outputURL(), preset.metadata(),

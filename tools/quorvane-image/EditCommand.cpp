@@ -1,40 +1,21 @@
 #include "EditCommand.h"
+#include "ToolCommon.h"
 
 #include "Editor/Cropper/ImageCropperImp.h"
 #include "Editor/Helpers/ImageHelpers.h"
 #include "Editor/ImageSaver/ImageSaverImp.h"
 #include "Editor/QuorvaneSdkImageEditorViewModel.h"
+#include "Editor/Recipe/Replay.h"
 #include "Error/QuorvaneSdkImageError.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QRegularExpression>
+#include <QSaveFile>
 #include <cmath>
 
 namespace {
-
-// Remembers the saver's failure, which the session deliberately swallows, for the exit code.
-class RecordingImageSaver final : public ImageSaver
-{
-public:
-    QUrl save(const QImage& image, const QuorvaneSdkImageOutputFormat& outputFormat,
-              const std::optional<QUrl>& outputURL, const PhotoMetadata& metadata,
-              const QuorvaneSdkImageMetadataPolicy& policy) override
-    {
-        try {
-            return m_saver.save(image, outputFormat, outputURL, metadata, policy);
-        } catch (const QuorvaneSdkImageError& error) {
-            failure = error;
-            throw;
-        }
-    }
-
-    std::optional<QuorvaneSdkImageError> failure;
-
-private:
-    ImageSaverImp m_saver;
-};
 
 std::optional<QSizeF> parseSize(const QString& text)
 {
@@ -73,46 +54,7 @@ std::optional<QuorvaneSdkImageOutputFormat> parseFormat(const QString& text)
     return QuorvaneSdkImageOutputFormat::jpg(match.captured(1).toInt());
 }
 
-// The format a name's extension promises, when it is one of ours.
-std::optional<QuorvaneSdkImageOutputFormat::Kind> formatNamedBy(const QString& path)
-{
-    const QString suffix = QFileInfo(path).suffix().toLower();
-    if (suffix == u"png")
-        return QuorvaneSdkImageOutputFormat::Kind::png;
-    if (suffix == u"jpg" || suffix == u"jpeg")
-        return QuorvaneSdkImageOutputFormat::Kind::jpg;
-    return std::nullopt;
-}
-
-// The saver writes a new file beside the destination and renames it over the destination when complete:
-// the folder must take a new file, and what is there must be a file that may be replaced. Empty when the
-// write can be tried.
-QString destinationProblem(const QString& path)
-{
-    const QFileInfo destination(path);
-    const QFileInfo folder(destination.absolutePath());
-    if (!folder.exists())
-        return QStringLiteral("no such folder \"%1\"").arg(folder.absoluteFilePath());
-    if (!folder.isDir())
-        return QStringLiteral("\"%1\" is not a folder").arg(folder.absoluteFilePath());
-    if (destination.isDir())
-        return QStringLiteral("it is a folder");
-    if (destination.exists() && !destination.isFile())
-        return QStringLiteral("it is not a regular file, and the write would replace it");
-    if (!folder.isWritable())
-        return QStringLiteral("permission denied to add a file to \"%1\"").arg(folder.absoluteFilePath());
-    if (destination.exists() && !destination.isWritable())
-        return QStringLiteral("permission denied: the file is read-only");
-    return {};
-}
-
-void printWriteFailure(QTextStream& err, const QUrl& url, const QString& reason)
-{
-    err << QStringLiteral("Cannot write the output file \"%1\"").arg(url.toLocalFile())
-        << (reason.isEmpty() ? QString() : QStringLiteral(": ") + reason) << ".\n";
-}
-
-std::optional<ColorMatrix> parseColor(const QString& text)
+std::optional<ColorMatrix> parseColor(const QString& text, std::array<double, 5>& given)
 {
     const QStringList parts = text.split(u',');
     if (parts.size() != 5)
@@ -123,11 +65,32 @@ std::optional<ColorMatrix> parseColor(const QString& text)
         values[i] = parts[i].toFloat(&ok);
         if (!ok || !std::isfinite(values[i]))
             return std::nullopt;
+        given[std::size_t(i)] = values[i];
     }
     const ColorMatrix matrix = testMatrix(values[0], values[1], values[2], values[3], values[4]);
     if (!isFinite(matrix))
         return std::nullopt;
     return matrix;
+}
+
+// The edit as the steps a recipe keeps, in the order they are made.
+QList<EditRecipe::Step> stepsOf(const EditOptions& options, const QImage& image)
+{
+    QList<EditRecipe::Step> steps;
+    if (options.crop || options.rotateDegrees != 0.0 || options.flipHorizontal || options.flipVertical) {
+        const QSizeF size = image.deviceIndependentSize();
+        const QRect rect = options.crop.value_or(QRect(0, 0, int(size.width()), int(size.height())));
+        steps.append(EditRecipe::cropStep({image, rect.x(), rect.y(), rect.width(), rect.height(),
+                                           Angle::degrees(options.rotateDegrees), options.flipHorizontal,
+                                           options.flipVertical}));
+    }
+    if (options.color) {
+        EditRecipe::Color color;
+        color.values = options.colorValues;
+        std::copy(options.color->cbegin(), options.color->cend(), color.matrix.begin());
+        steps.append(color);
+    }
+    return steps;
 }
 
 } // namespace
@@ -139,7 +102,8 @@ QString usageText()
         "                           [--flip-vertical]\n"
         "                           [--color WARM,LUMINOSITY,EXPOSURE,SATURATION,TINT [--engine cpu|gpu]]\n"
         "                           [--resize WxH] [--format jpg[:QUALITY]|png] [--output PATH]\n"
-        "                           [--keep-location | --strip-metadata]\n"
+        "                           [--keep-location | --strip-metadata] [--write-recipe FILE]\n"
+        "       quorvane-image apply RECIPE IMAGE... --output-dir DIR [--any-photo]\n"
         "       quorvane-image --help | --version\n");
 }
 
@@ -150,7 +114,8 @@ std::variant<EditOptions, UsageError, InfoRequest> parseEditCommand(const QStrin
         QStringLiteral("Edits one image as the editor would, headless, and prints the written file's path."));
     const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
-    parser.addPositionalArgument(QStringLiteral("edit"), QStringLiteral("The only command."));
+    parser.addPositionalArgument(QStringLiteral("edit"),
+                                 QStringLiteral("Edits INPUT; \"apply\" replays a recipe (apply --help)."));
     parser.addPositionalArgument(QStringLiteral("INPUT"), QStringLiteral("The image to edit."));
     const QCommandLineOption crop(QStringLiteral("crop"),
                                   QStringLiteral("Cuts the rectangle, in whole points of the upright image."),
@@ -191,8 +156,12 @@ std::variant<EditOptions, UsageError, InfoRequest> parseEditCommand(const QStrin
     const QCommandLineOption stripMetadata(
         QStringLiteral("strip-metadata"),
         QStringLiteral("Writes no EXIF at all; the colour profile is still kept."));
+    const QCommandLineOption writeRecipe(
+        QStringLiteral("write-recipe"),
+        QStringLiteral("Also writes the edit as a recipe (JSON) to FILE, which \"apply\" replays."),
+        QStringLiteral("FILE"));
     parser.addOptions({crop, rotate, flipHorizontal, flipVertical, color, engine, resize, format, output,
-                       keepLocation, stripMetadata});
+                       keepLocation, stripMetadata, writeRecipe});
 
     // The program's name is not among the arguments; the parser expects it first.
     if (!parser.parse(QStringList{QStringLiteral("quorvane-image")} + arguments))
@@ -204,7 +173,7 @@ std::variant<EditOptions, UsageError, InfoRequest> parseEditCommand(const QStrin
 
     const QStringList positional = parser.positionalArguments();
     if (positional.isEmpty() || positional.first() != u"edit")
-        return UsageError{QStringLiteral("The only command is \"edit\".")};
+        return UsageError{QStringLiteral("The commands are \"edit\" and \"apply\".")};
     if (positional.size() < 2)
         return UsageError{QStringLiteral("INPUT is missing.")};
     if (positional.size() > 2)
@@ -245,7 +214,7 @@ std::variant<EditOptions, UsageError, InfoRequest> parseEditCommand(const QStrin
         options.format = *parsed;
     }
     if (parser.isSet(color)) {
-        options.color = parseColor(parser.value(color));
+        options.color = parseColor(parser.value(color), options.colorValues);
         if (!options.color)
             return UsageError{
                 QStringLiteral("--color takes five numbers WARM,LUMINOSITY,EXPOSURE,SATURATION,TINT, "
@@ -277,6 +246,8 @@ std::variant<EditOptions, UsageError, InfoRequest> parseEditCommand(const QStrin
         return UsageError{
             QStringLiteral("--keep-location and --strip-metadata contradict each other; give one.")};
     options.metadata = {parser.isSet(keepLocation), parser.isSet(stripMetadata)};
+    if (parser.isSet(writeRecipe))
+        options.recipe = parser.value(writeRecipe);
     return options;
 }
 
@@ -286,7 +257,13 @@ int runEditCommand(const EditOptions& options, QTextStream& out, QTextStream& er
     const QUrl outputURL = options.output ? QUrl::fromLocalFile(QFileInfo(*options.output).absoluteFilePath())
                                           : ImageSaverImp::getOutputURL(options.format);
     if (const QString problem = destinationProblem(outputURL.toLocalFile()); !problem.isEmpty()) {
-        printWriteFailure(err, outputURL, problem);
+        err << writeFailure(outputURL, problem) << "\n";
+        return QuorvaneSdkImageError::unableToSaveCroppedImage;
+    }
+    if (const QString problem = options.recipe ? destinationProblem(*options.recipe) : QString();
+        !problem.isEmpty()) {
+        err << "Cannot write the recipe \"" << QFileInfo(*options.recipe).absoluteFilePath()
+            << "\": " << problem << ".\n";
         return QuorvaneSdkImageError::unableToSaveCroppedImage;
     }
     std::unique_ptr<FiltersManager> filters;
@@ -310,13 +287,12 @@ int runEditCommand(const EditOptions& options, QTextStream& out, QTextStream& er
     const auto saver = std::make_shared<RecordingImageSaver>();
     QuorvaneSdkImageEditorViewModel session(preset, saver);
     std::optional<QImage> image = session.image();
-    if (options.crop || options.rotateDegrees != 0.0 || options.flipHorizontal || options.flipVertical) {
+    const QList<EditRecipe::Step> steps = stepsOf(options, *image);
+    // Cut through the recipe's own step, so that replaying the recipe makes the same cut.
+    if (const auto* crop = steps.isEmpty() ? nullptr : std::get_if<EditRecipe::Crop>(&steps.first())) {
         const QSizeF size = image->deviceIndependentSize();
-        const QRect rect = options.crop.value_or(QRect(0, 0, int(size.width()), int(size.height())));
         try {
-            image = ImageCropperImp().crop({*image, rect.x(), rect.y(), rect.width(), rect.height(),
-                                            Angle::degrees(options.rotateDegrees), options.flipHorizontal,
-                                            options.flipVertical});
+            image = ImageCropperImp().crop(EditRecipe::cropInput(*image, *crop));
         } catch (const QuorvaneSdkImageError& error) {
             if (error.code() == QuorvaneSdkImageError::invalidCropRange)
                 err << "The crop rectangle does not lie inside the " << size.width() << "×" << size.height()
@@ -338,8 +314,21 @@ int runEditCommand(const EditOptions& options, QTextStream& out, QTextStream& er
         if (saver->failure->code() == QuorvaneSdkImageError::unableToCompressImage)
             err << "Cannot encode the image in the requested format.\n";
         else
-            printWriteFailure(err, outputURL, saver->failure->reason());
+            err << writeFailure(outputURL, saver->failure->reason()) << "\n";
         return saver->failure->code();
+    }
+    if (options.recipe) {
+        EditRecipe::Output output{options.format.kind() == QuorvaneSdkImageOutputFormat::Kind::png
+                                      ? QStringLiteral("png")
+                                      : QStringLiteral("jpg"),
+                                  options.format.compressionQuality(), options.resize};
+        QSaveFile file(*options.recipe);
+        if (!file.open(QIODevice::WriteOnly) ||
+            file.write(EditRecipe::toJson({preset.fingerprint(), steps, output})) < 0 || !file.commit()) {
+            err << "Cannot write the recipe \"" << QFileInfo(*options.recipe).absoluteFilePath()
+                << "\": " << file.errorString() << ".\n";
+            return QuorvaneSdkImageError::unableToSaveCroppedImage;
+        }
     }
     out << result.editedImageURL()->toLocalFile() << "\n";
     return 0;

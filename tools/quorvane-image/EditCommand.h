@@ -9,13 +9,14 @@
 #include <QString>
 #include <QStringList>
 #include <QTextStream>
+#include <array>
 #include <optional>
 #include <variant>
 
 /// `quorvane-image edit INPUT [--crop X,Y,W,H] [--rotate DEGREES] [--flip-horizontal] [--flip-vertical]
 ///                       [--color WARM,LUMINOSITY,EXPOSURE,SATURATION,TINT [--engine cpu|gpu]]
 ///                       [--resize WxH] [--format jpg[:QUALITY]|png] [--output PATH]
-///                       [--keep-location | --strip-metadata]`
+///                       [--keep-location | --strip-metadata] [--write-recipe FILE]`
 struct EditOptions
 {
     QString input;
@@ -26,12 +27,15 @@ struct EditOptions
     bool flipVertical = false;
     /// testMatrix of these five values, in its parameter order, applied after the geometry.
     std::optional<ColorMatrix> color;
+    std::array<double, 5> colorValues{};
     /// Where the colour matrix runs; picked as FiltersManager picks it when absent.
     std::optional<FiltersManager::Engine> engine;
     std::optional<QSizeF> resize;
     QuorvaneSdkImageOutputFormat format = QuorvaneSdkImageOutputFormat::jpg(100);
     std::optional<QString> output;
     QuorvaneSdkImageMetadataPolicy metadata;
+    /// Where to write the edit as a recipe, which `apply` replays.
+    std::optional<QString> recipe;
 };
 
 struct UsageError
@@ -46,6 +50,8 @@ struct InfoRequest
 };
 
 constexpr int kExitUsage = 64;
+/// A recipe that cannot be read or applied (EX_DATAERR).
+constexpr int kExitBadRecipe = 65;
 /// The colour engine failed on the image (no memory, or the GPU refused the work).
 constexpr int kExitColorFailed = 70;
 

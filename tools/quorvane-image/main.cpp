@@ -1,3 +1,4 @@
+#include "ApplyCommand.h"
 #include "EditCommand.h"
 #include "Logger/ImageLogger.h"
 
@@ -5,6 +6,7 @@
 #include <QGuiApplication>
 #include <cstring>
 #include <memory>
+#include <unistd.h>
 
 namespace {
 
@@ -51,7 +53,15 @@ int main(int argc, char* argv[])
 {
     std::unique_ptr<QCoreApplication> app;
     const QByteArray platform = guiPlatform();
-    if (wantsGpu(argc, argv) && reachesGpu(platform)) {
+    const bool applying = argc > 1 && std::strcmp(argv[1], "apply") == 0;
+    if (applying) {
+        // Text overlays need fonts, which need a GUI application; a batch never needs a display, and with
+        // none the text is drawn the same wherever it runs.
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        if (qEnvironmentVariableIsEmpty("QT_ENABLE_HIGHDPI_SCALING"))
+            qputenv("QT_ENABLE_HIGHDPI_SCALING", "0");
+        app = std::make_unique<QGuiApplication>(argc, argv);
+    } else if (wantsGpu(argc, argv) && reachesGpu(platform)) {
         // Points stay pixels whatever the display, as without a GUI.
         if (qEnvironmentVariableIsEmpty("QT_ENABLE_HIGHDPI_SCALING"))
             qputenv("QT_ENABLE_HIGHDPI_SCALING", "0");
@@ -65,6 +75,21 @@ int main(int argc, char* argv[])
     QCoreApplication::setApplicationVersion(ImageLogger::shared().moduleVersion());
     QTextStream out(stdout);
     QTextStream err(stderr);
+
+    if (applying) {
+        const auto parsed = parseApplyCommand(QCoreApplication::arguments().mid(1));
+        if (const auto* usage = std::get_if<UsageError>(&parsed)) {
+            err << usage->sentence << "\n" << usageText();
+            return kExitUsage;
+        }
+        if (const auto* info = std::get_if<InfoRequest>(&parsed)) {
+            out << info->text;
+            return 0;
+        }
+        QTextStream progress(stderr);
+        return runApplyCommand(std::get<ApplyOptions>(parsed), out, err,
+                               isatty(STDERR_FILENO) ? &progress : nullptr);
+    }
 
     const auto parsed = parseEditCommand(QCoreApplication::arguments().mid(1));
     if (const auto* usage = std::get_if<UsageError>(&parsed)) {

@@ -67,6 +67,30 @@ bool growByPng(QSize& size, const uchar* data, qsizetype available)
     return true;
 }
 
+// Whether the file says how many pixels go to an inch: a JFIF header with a unit, or a PNG's pHYs chunk in
+// metres. Where it says nothing, decoders leave the image with whatever their application assumes.
+bool declaresDensity(QByteArrayView bytes)
+{
+    const auto* data = reinterpret_cast<const uchar*>(bytes.data());
+    const qsizetype size = bytes.size();
+    if (size >= 18 && data[0] == kMarker && data[1] == kStartOfImage && data[2] == kMarker && data[3] == 0xE0 &&
+        bytes.sliced(6).startsWith(QByteArrayView("JFIF\0", 5)))
+        return (data[13] == 1 || data[13] == 2) && qFromBigEndian<quint16>(data + 14) > 0 &&
+               qFromBigEndian<quint16>(data + 16) > 0;
+    if (size < 8 || !bytes.startsWith("\x89PNG"))
+        return false;
+    for (qsizetype at = 8; at + 12 <= size;) {
+        const qint64 length = qFromBigEndian<quint32>(data + at);
+        const QByteArrayView type = bytes.sliced(at + 4, 4);
+        if (type == "IDAT" || length > size - at - 12)
+            return false;
+        if (type == "pHYs")
+            return length == 9 && data[at + 16] == 1;
+        at += 12 + qsizetype(length);
+    }
+    return false;
+}
+
 // The largest picture that a file's own headers declare where its decoder allocates more than its reader
 // reports: a GIF's logical screen (the reader tells the first frame's), the pictures inside an icon file (the
 // reader tells the directory's sizes, or none). Invalid for other files.
@@ -287,6 +311,12 @@ ImageLoadResult loadImageFile(const QString& path, qint64 maxPixels)
             image = std::move(*upright);
         else
             return failed(sentence(path, QStringLiteral("could not be turned upright: not enough memory.")));
+    }
+    // 72 pixels an inch, what cameras write, rather than a density that depends on the application: an
+    // edit saved by the editor and replayed by the tool must be the same file.
+    if (!declaresDensity(bytes)) {
+        image.setDotsPerMeterX(2835);
+        image.setDotsPerMeterY(2835);
     }
     const QString sha256 =
         QString::fromLatin1(QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex());
