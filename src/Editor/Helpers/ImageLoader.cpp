@@ -73,8 +73,8 @@ bool declaresDensity(QByteArrayView bytes)
 {
     const auto* data = reinterpret_cast<const uchar*>(bytes.data());
     const qsizetype size = bytes.size();
-    if (size >= 18 && data[0] == kMarker && data[1] == kStartOfImage && data[2] == kMarker && data[3] == 0xE0 &&
-        bytes.sliced(6).startsWith(QByteArrayView("JFIF\0", 5)))
+    if (size >= 18 && data[0] == kMarker && data[1] == kStartOfImage && data[2] == kMarker &&
+        data[3] == 0xE0 && bytes.sliced(6).startsWith(QByteArrayView("JFIF\0", 5)))
         return (data[13] == 1 || data[13] == 2) && qFromBigEndian<quint16>(data + 14) > 0 &&
                qFromBigEndian<quint16>(data + 16) > 0;
     if (size < 8 || !bytes.startsWith("\x89PNG"))
