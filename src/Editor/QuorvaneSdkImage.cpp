@@ -20,6 +20,14 @@ QuorvaneSdkImage::presetFromImageUrl(const QUrl& imageURL, const QuorvaneSdkImag
     return preset;
 }
 
+QuorvaneSdkImageEditorPreset QuorvaneSdkImage::withRecipe(QuorvaneSdkImageEditorPreset preset,
+                                                          const QString& recipe) const
+{
+    if (const QString refusal = preset.setRecipe(recipe.toUtf8()); !refusal.isEmpty())
+        qCWarning(quorvaneSdkImage).noquote() << "QuorvaneSdkImage.withRecipe:" << refusal;
+    return preset;
+}
+
 bool QuorvaneSdkImage::setLanguage(const QString& localeName)
 {
     return QuorvaneSdkImageTranslations::setLanguage(QLocale(localeName));

@@ -34,6 +34,12 @@ public:
         qint64 maxImagePixels = QuorvaneSdkImageEditorPreset::kDefaultMaxImagePixels,
         bool keepLocation = false, bool stripMetadata = false) const;
 
+    /// \a preset opening the editor with the steps of \a recipe (a result's `recipe`), each one undoable. A
+    /// recipe that cannot be taken (unreadable, or made for another photo) leaves the preset as it was, and
+    /// the component's logging category warns why.
+    Q_INVOKABLE QuorvaneSdkImageEditorPreset withRecipe(QuorvaneSdkImageEditorPreset preset,
+                                                        const QString& recipe) const;
+
     /// Switches the component's texts to \a localeName ("de", "pt_BR", "ja-JP"); open screens follow. False
     /// when the component has no translation for it (its texts then show in English).
     Q_INVOKABLE bool setLanguage(const QString& localeName);

@@ -6,7 +6,9 @@
 #include <QGuiApplication>
 #include <cstring>
 #include <memory>
+#ifdef Q_OS_UNIX
 #include <unistd.h>
+#endif
 
 namespace {
 
@@ -45,6 +47,16 @@ bool reachesGpu(const QByteArray& platform)
 {
     const QByteArray first = platform.split(';').constFirst().split(':').constFirst();
     return first != "offscreen" && first != "minimal";
+}
+
+// Progress is drawn over itself with carriage returns: only a person at a terminal wants it.
+bool onTerminal()
+{
+#ifdef Q_OS_UNIX
+    return isatty(STDERR_FILENO) != 0;
+#else
+    return false;
+#endif
 }
 
 } // namespace
@@ -87,8 +99,7 @@ int main(int argc, char* argv[])
             return 0;
         }
         QTextStream progress(stderr);
-        return runApplyCommand(std::get<ApplyOptions>(parsed), out, err,
-                               isatty(STDERR_FILENO) ? &progress : nullptr);
+        return runApplyCommand(std::get<ApplyOptions>(parsed), out, err, onTerminal() ? &progress : nullptr);
     }
 
     const auto parsed = parseEditCommand(QCoreApplication::arguments().mid(1));
