@@ -21,13 +21,18 @@ QByteArray readAll(const QString& path)
 }
 
 // The tool's exit code, and what it said on stderr.
-std::pair<int, QString> apply(const QStringList& arguments)
+std::pair<int, QString> tool(const QStringList& arguments)
 {
     QProcess process;
-    process.start(qEnvironmentVariable("QUORVANE_TOOL"), QStringList{QStringLiteral("apply")} + arguments);
+    process.start(qEnvironmentVariable("QUORVANE_TOOL"), arguments);
     process.waitForFinished(300'000);
     return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
             QString::fromLocal8Bit(process.readAllStandardError())};
+}
+
+std::pair<int, QString> apply(const QStringList& arguments)
+{
+    return tool(QStringList{QStringLiteral("apply")} + arguments);
 }
 
 // Pixels only, in one format: what the golden hashes cover.
@@ -155,6 +160,25 @@ private slots:
         QCOMPARE(steps.image().size(), QSize(4224, 3168));
     }
 
+    // The tool's own edit, colour included, written as a recipe and replayed.
+    void toolRecipe_replaysToTheSameFile()
+    {
+        const QString edited = m_dir.filePath(QStringLiteral("tool.png"));
+        const QString recipe = m_dir.filePath(QStringLiteral("tool.json"));
+        auto [code, said] =
+            tool({QStringLiteral("edit"), TestImages::photoPath(), QStringLiteral("--crop"),
+                  QStringLiteral("100,50,800,600"), QStringLiteral("--rotate"), QStringLiteral("-12.5"),
+                  QStringLiteral("--color"), QStringLiteral("0.1,0,0.2,1.2,0"), QStringLiteral("--engine"),
+                  QStringLiteral("cpu"), QStringLiteral("--output"), edited, QStringLiteral("--write-recipe"),
+                  recipe});
+        QVERIFY2(code == 0, qPrintable(said));
+        const QString out = m_dir.filePath(QStringLiteral("tool-out"));
+        QVERIFY(QDir().mkpath(out));
+        std::tie(code, said) = apply({recipe, TestImages::photoPath(), QStringLiteral("--output-dir"), out});
+        QVERIFY2(code == 0, qPrintable(said));
+        QCOMPARE(readAll(out + QStringLiteral("/Dragonfly_by_Bolly.png")), readAll(edited));
+    }
+
     // A recipe is refused before anything is written: for another photo, of an unknown version, or broken.
     void badRecipes_writeNothing_data()
     {
@@ -169,7 +193,7 @@ private slots:
         QTest::newRow("a newer version") << newer << QStringList() << "this program reads version 1";
         QTest::newRow("broken JSON") << toJson(recipe).left(40) << QStringList() << "not valid JSON";
         recipe.source.uprightSize = QSize(400, 300);
-        QTest::newRow("another size, even with --any-photo")
+        QTest::newRow("another photo, with --any-photo")
             << toJson(recipe) << QStringList{QStringLiteral("--any-photo")} << QString();
     }
 
