@@ -1,6 +1,6 @@
 // Cut, quarter turn and flip, and a free-angle turn, of a decoded 12-megapixel photo: the crop tool's own
 // work, without decoding or encoding. QUORVANE_BENCH_PHOTO names the photo (bench/run prepares it).
-#include "Editor/Cropper/ImageCropperImp.h"
+#include "Editor/Cropper/Engine/ImageCropperImp.h"
 #include "SharedQuorvaneSdkCommon.h"
 
 #include "BenchPhoto.h"

@@ -4,7 +4,7 @@
 #include "BenchPhoto.h"
 #include "Editor/Common/ImagePreview.h"
 #include "Editor/Cropper/CropperViewModel.h"
-#include "Editor/Cropper/ImageCropperImp.h"
+#include "Editor/Cropper/Engine/ImageCropperImp.h"
 
 #include <QElapsedTimer>
 #include <QGuiApplication>

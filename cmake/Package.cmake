@@ -34,7 +34,8 @@ function(quorvane_install_package)
     return()
   endif()
   set(destination ${CMAKE_INSTALL_LIBDIR}/cmake/QuorvaneSdkImage)
-  install(TARGETS QuorvaneSdkImageHost QuorvaneSdkImage QuorvaneSdkImageplugin QuorvaneShared
+  get_property(modules GLOBAL PROPERTY QUORVANE_MODULES)
+  install(TARGETS QuorvaneSdkImageHost QuorvaneSdkImage QuorvaneSdkImageplugin QuorvaneShared ${modules}
                   ${quorvane_qml_targets} ${quorvane_shader_targets} ${QUORVANE_TRANSLATION_TARGETS}
     EXPORT QuorvaneSdkImageTargets
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}

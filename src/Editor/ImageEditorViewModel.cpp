@@ -1,6 +1,6 @@
 #include "ImageEditorViewModel.h"
 
-#include "Cropper/ImageCropperImp.h"
+#include "Editor/Cropper/Engine/ImageCropperImp.h"
 #include "Helpers/Notify.h"
 #include "Recipe/Replay.h"
 

@@ -1,7 +1,7 @@
 #include "QuorvaneSdkImageEditorPresenter.h"
 
 #include "Editor/Helpers/ModuleResources.h"
-#include "ModuleLog.h"
+#include "Logger/ModuleLog.h"
 #include "QuorvaneSdkImageEditorViewModel.h"
 
 #include <QGuiApplication>

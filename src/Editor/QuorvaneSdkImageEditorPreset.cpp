@@ -43,7 +43,6 @@ QuorvaneSdkImageEditorPreset::QuorvaneSdkImageEditorPreset(const QImage& image,
     , m_outputURL(std::move(outputURL))
     , m_newSize(finiteOrNone(newSize))
     , m_metadata(std::make_shared<const PhotoMetadata>(photoMetadataOf(image)))
-    , m_fingerprint{m_image ? m_image->size() : QSize(), QString()}
 {}
 
 QuorvaneSdkImageEditorPreset::QuorvaneSdkImageEditorPreset(const QUrl& imageURL,
@@ -70,7 +69,7 @@ QuorvaneSdkImageEditorPreset::QuorvaneSdkImageEditorPreset(const QUrl& imageURL,
     m_loadFailure = std::move(loaded.failure);
     m_metadata = std::make_shared<const PhotoMetadata>(std::move(loaded.metadata));
     if (m_image)
-        m_fingerprint = {m_image->size(), std::move(loaded.sha256)};
+        m_sourceSha256 = std::move(loaded.sha256);
 }
 
 QString QuorvaneSdkImageEditorPreset::setRecipe(const QByteArray& recipe)
@@ -81,9 +80,10 @@ QString QuorvaneSdkImageEditorPreset::setRecipe(const QByteArray& recipe)
     if (const auto* refusal = std::get_if<QString>(&read))
         return *refusal;
     const EditRecipe::Recipe& taken = std::get<EditRecipe::Recipe>(read);
-    if (QString refusal = EditRecipe::mismatch(taken.source, m_fingerprint); !refusal.isEmpty())
+    if (QString refusal = EditRecipe::mismatch(taken.source, {m_image->size(), m_sourceSha256});
+        !refusal.isEmpty())
         return refusal;
-    m_recipeSteps = taken.steps;
+    m_recipeSteps = std::make_shared<const EditRecipe::StepList>(EditRecipe::StepList{taken.steps});
     return {};
 }
 

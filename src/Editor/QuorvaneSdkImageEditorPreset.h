@@ -2,7 +2,6 @@
 
 #include "QuorvaneSdkImageMetadataPolicy.h"
 #include "QuorvaneSdkImageOutputFormat.h"
-#include "Recipe/EditRecipe.h"
 
 #include <QImage>
 #include <QSizeF>
@@ -11,6 +10,9 @@
 #include <optional>
 
 struct PhotoMetadata;
+namespace EditRecipe {
+struct StepList;
+}
 
 /// What a host hands the editor: the picture, how to encode the result, where to write it and an optional
 /// size to resize it to (a size that is not finite counts as none).
@@ -53,16 +55,16 @@ public:
     /// What the photo carried besides its pixels (its colour profile, its EXIF), for the saved copy.
     const PhotoMetadata& metadata() const;
 
-    /// Which photo this is, for recipes: its pixel size, and the SHA-256 of the file it was loaded from
-    /// (empty for a preset built from an image).
-    EditRecipe::Fingerprint fingerprint() const { return m_fingerprint; }
+    /// The SHA-256 of the file the image was loaded from, lower-case hexadecimal: which photo a recipe is
+    /// for. Empty for a preset built from an image.
+    QString sourceSha256() const { return m_sourceSha256; }
 
     /// Opens the editor on this photo with a recipe's steps already made, each one a version the user can
     /// undo, as the session that wrote \a recipe left it. A recipe that cannot be read, or that was made for
     /// another photo, is not taken: the sentence returned says why (empty when it was taken).
     QString setRecipe(const QByteArray& recipe);
-    /// The steps of the recipe taken, if any.
-    const QList<EditRecipe::Step>& recipeSteps() const { return m_recipeSteps; }
+    /// The steps of the recipe taken; none without one.
+    const EditRecipe::StepList* recipeSteps() const { return m_recipeSteps.get(); }
 
     bool hasImage() const { return m_image.has_value(); }
     /// Why the image could not be loaded; empty when it was, or when the preset was built from an image.
@@ -76,6 +78,6 @@ private:
     QString m_loadFailure;
     QuorvaneSdkImageMetadataPolicy m_metadataPolicy;
     std::shared_ptr<const PhotoMetadata> m_metadata;
-    EditRecipe::Fingerprint m_fingerprint;
-    QList<EditRecipe::Step> m_recipeSteps;
+    QString m_sourceSha256;
+    std::shared_ptr<const EditRecipe::StepList> m_recipeSteps;
 };

@@ -41,7 +41,9 @@ void QuorvaneSdkImageEditorViewModel::start()
         m_editor = new ImageEditorViewModel(*m_image, this);
         connect(m_editor, &ImageEditorViewModel::returnAction, this,
                 [this](const std::optional<QImage>& image) { deliver(image); });
-        if (const QString refusal = m_editor->applySteps(m_preset.recipeSteps()); !refusal.isEmpty())
+        const EditRecipe::StepList* steps = m_preset.recipeSteps();
+        if (const QString refusal = steps ? m_editor->applySteps(steps->steps) : QString();
+            !refusal.isEmpty())
             ImageLogger::shared().log(QStringLiteral("QuorvaneSdkImageEditorViewModel"),
                                       QStringLiteral("recipe not applied: %1").arg(refusal),
                                       SharedQuorvaneSdkLogSeverity::error);
@@ -91,7 +93,8 @@ QString QuorvaneSdkImageEditorViewModel::recipe() const
                                                                              : QStringLiteral("jpg");
     output.quality = format.compressionQuality();
     output.resize = m_preset.newSize();
-    return QString::fromUtf8(EditRecipe::toJson({m_preset.fingerprint(), *steps, output}));
+    const EditRecipe::Fingerprint source{m_image ? m_image->size() : QSize(), m_preset.sourceSha256()};
+    return QString::fromUtf8(EditRecipe::toJson({source, *steps, output}));
 }
 
 QuorvaneSdkImageEditorResult QuorvaneSdkImageEditorViewModel::getResult(const std::optional<QImage>& image)

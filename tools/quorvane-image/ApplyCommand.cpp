@@ -38,7 +38,8 @@ Outcome applyTo(const EditRecipe::Recipe& recipe, const QString& input, const QS
                                               format, outputURL, recipe.output.resize);
     if (!preset.hasImage())
         return {QuorvaneSdkImageError::invalidFile, preset.loadFailure(), {}};
-    if (const QString refusal = EditRecipe::mismatch(recipe.source, preset.fingerprint());
+    if (const QString refusal =
+            EditRecipe::mismatch(recipe.source, {preset.image()->size(), preset.sourceSha256()});
         !anyPhoto && !refusal.isEmpty())
         return {kExitBadRecipe, refusal + QStringLiteral(" Give --any-photo to apply it all the same."), {}};
     auto replayed = EditRecipe::replayed(*preset.image(), recipe.steps);

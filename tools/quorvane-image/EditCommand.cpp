@@ -1,7 +1,7 @@
 #include "EditCommand.h"
 #include "ToolCommon.h"
 
-#include "Editor/Cropper/ImageCropperImp.h"
+#include "Editor/Cropper/Engine/ImageCropperImp.h"
 #include "Editor/Helpers/ImageHelpers.h"
 #include "Editor/ImageSaver/ImageSaverImp.h"
 #include "Editor/QuorvaneSdkImageEditorViewModel.h"
@@ -324,7 +324,9 @@ int runEditCommand(const EditOptions& options, QTextStream& out, QTextStream& er
                                   options.format.compressionQuality(), options.resize};
         QSaveFile file(*options.recipe);
         if (!file.open(QIODevice::WriteOnly) ||
-            file.write(EditRecipe::toJson({preset.fingerprint(), steps, output})) < 0 || !file.commit()) {
+            file.write(EditRecipe::toJson({{preset.image()->size(), preset.sourceSha256()}, steps, output})) <
+                0 ||
+            !file.commit()) {
             err << "Cannot write the recipe \"" << QFileInfo(*options.recipe).absoluteFilePath()
                 << "\": " << file.errorString() << ".\n";
             return QuorvaneSdkImageError::unableToSaveCroppedImage;

@@ -2,7 +2,7 @@
 
 #include "Editor/Helpers/ImageHelpers.h"
 #include "Editor/Helpers/ModuleResources.h"
-#include "ModuleLog.h"
+#include "Logger/ModuleLog.h"
 
 #include <QPainter>
 #include <QSvgRenderer>

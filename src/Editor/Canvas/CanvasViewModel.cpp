@@ -4,6 +4,7 @@
 #include "Editor/Helpers/Finite.h"
 #include "Editor/Helpers/FittedSize.h"
 #include "Editor/Helpers/ImageHelpers.h"
+#include "Editor/Recipe/Replay.h"
 
 #include <QColorSpace>
 #include <QPainter>
@@ -300,8 +301,8 @@ std::optional<EditRecipe::Overlays> CanvasViewModel::overlaysStep() const
             return std::nullopt;
         const QRectF box(QPointF(item->offset().width(), item->offset().height()),
                          item->image().deviceIndependentSize());
-        step.items.append(Overlay::recipeItem(item->shape(), box, item->rotationAngle().degrees(),
-                                              item->magnification(), m_imageFrameSize));
+        step.items.append(EditRecipe::recipeItem(item->shape(), box, item->rotationAngle().degrees(),
+                                                 item->magnification(), m_imageFrameSize));
     }
     return step;
 }
@@ -310,7 +311,7 @@ ToolPageViewModel::ResultJob CanvasViewModel::flattening() const
 {
     // Drawn from the step a recipe keeps, so that replaying the recipe gives the very same pixels.
     if (std::optional<EditRecipe::Overlays> step = overlaysStep())
-        return [image = m_image, step = std::move(*step)] { return Overlay::flattened(image, step); };
+        return [image = m_image, step = std::move(*step)] { return EditRecipe::flattened(image, step); };
     QList<Overlay::Placement> placements;
     for (const LineImagePtr& item : std::as_const(m_lineImages)) {
         placements.append({item->image(),

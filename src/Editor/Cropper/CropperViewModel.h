@@ -1,9 +1,9 @@
 #pragma once
 
-#include "CropFrame.h"
+#include "Editor/Cropper/Engine/CropFrame.h"
+#include "Editor/Cropper/Engine/ImageCropper.h"
 #include "Editor/Helpers/Angle.h"
 #include "Editor/ToolPageViewModel.h"
-#include "ImageCropper.h"
 
 #include <QColor>
 #include <QImage>

@@ -118,6 +118,12 @@ struct Output
     friend bool operator==(const Output&, const Output&) = default;
 };
 
+/// Steps as a type of their own, which headers can name before they know what a step is.
+struct StepList
+{
+    QList<Step> steps;
+};
+
 struct Recipe
 {
     Fingerprint source;

@@ -1,7 +1,7 @@
 #include "Replay.h"
 
-#include "Editor/Canvas/Overlay.h"
-#include "Editor/Cropper/ImageCropperImp.h"
+#include "Editor/Canvas/Scene/Overlay.h"
+#include "Editor/Cropper/Engine/ImageCropperImp.h"
 #include "Editor/Filters/Engine/FiltersManager.h"
 #include "Error/QuorvaneSdkImageError.h"
 
@@ -21,6 +21,88 @@ QString mismatch(const Fingerprint& made, const Fingerprint& photo)
         return QStringLiteral(
             "The recipe was made for another photo of the same size (its SHA-256 differs).");
     return {};
+}
+
+namespace {
+
+qreal shortSide(QSizeF size)
+{
+    return std::min(size.width(), size.height());
+}
+
+QPointF scaled(QPointF point, QSizeF by)
+{
+    return {point.x() * by.width(), point.y() * by.height()};
+}
+
+QPointF normalised(QPointF point, QSizeF by)
+{
+    return {point.x() / by.width(), point.y() / by.height()};
+}
+
+} // namespace
+
+Item recipeItem(const Overlay::Shape& shape, QRectF box, qreal degrees, qreal magnification, QSizeF frame)
+{
+    if (const auto* stroke = std::get_if<Overlay::StrokeShape>(&shape)) {
+        Stroke item;
+        item.box = QRectF(normalised(box.topLeft(), frame),
+                          QSizeF(box.width() / frame.width(), box.height() / frame.height()));
+        item.points.reserve(stroke->points.size());
+        for (const QPointF& point : stroke->points)
+            item.points.append(normalised(box.topLeft() + point, frame));
+        item.color = stroke->color;
+        item.width = stroke->width / shortSide(frame);
+        item.degrees = degrees;
+        item.scale = magnification;
+        return item;
+    }
+    const Overlay::TextShape& text = std::get<Overlay::TextShape>(shape);
+    Text item;
+    item.text = text.text;
+    item.font = text.family;
+    item.size = text.pixelSize / shortSide(frame);
+    item.bold = text.bold;
+    item.italic = text.italic;
+    item.uppercase = text.uppercase;
+    item.color = text.color;
+    item.centre = normalised(box.center(), frame);
+    item.wrapWidth = text.wrapWidth / frame.width();
+    item.degrees = degrees;
+    item.scale = magnification;
+    return item;
+}
+
+Overlay::Placement placement(const Item& item, QSizeF frame, qreal pixelRatio)
+{
+    if (const auto* stroke = std::get_if<Stroke>(&item)) {
+        const QRectF box(scaled(stroke->box.topLeft(), frame),
+                         QSizeF(stroke->box.width() * frame.width(), stroke->box.height() * frame.height()));
+        Overlay::StrokeShape shape{{}, stroke->color, stroke->width * shortSide(frame)};
+        shape.points.reserve(stroke->points.size());
+        for (const QPointF& point : stroke->points)
+            shape.points.append(scaled(point, frame) - box.topLeft());
+        return {Overlay::strokePicture(box.size(), shape, pixelRatio), box, stroke->degrees, stroke->scale};
+    }
+    const auto& text = std::get<Text>(item);
+    // Sizes come back as the whole points they were, whatever rounding the division left.
+    const Overlay::TextShape shape{
+        text.text,      text.font,  int(std::lround(text.size * shortSide(frame))),  text.bold, text.italic,
+        text.uppercase, text.color, int(std::lround(text.wrapWidth * frame.width()))};
+    QImage picture = Overlay::textPicture(shape, pixelRatio);
+    const QSizeF size = picture.deviceIndependentSize();
+    const QPointF centre = scaled(text.centre, frame);
+    return {std::move(picture), QRectF(centre - QPointF(size.width(), size.height()) / 2, size), text.degrees,
+            text.scale};
+}
+
+std::optional<QImage> flattened(const QImage& base, const Overlays& overlays)
+{
+    QList<Overlay::Placement> placements;
+    placements.reserve(overlays.items.size());
+    for (const Item& item : overlays.items)
+        placements.append(placement(item, overlays.frame, overlays.pixelRatio));
+    return Overlay::flattened(base, overlays.frame, placements);
 }
 
 Crop cropStep(const QuorvaneSdkImageCropInput& input)
@@ -74,7 +156,7 @@ std::variant<QImage, QString> applied(const QImage& image, const Step& step)
             return QStringLiteral("The colour matrix could not be applied.");
         return *coloured;
     }
-    std::optional<QImage> flattened = Overlay::flattened(image, std::get<Overlays>(step));
+    std::optional<QImage> flattened = EditRecipe::flattened(image, std::get<Overlays>(step));
     if (!flattened)
         return QStringLiteral("There is not enough memory to draw the overlays.");
     return *flattened;

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "EditRecipe.h"
-#include "Editor/Cropper/QuorvaneSdkImageCropInput.h"
+#include "Editor/Canvas/Scene/Overlay.h"
+#include "Editor/Cropper/Engine/QuorvaneSdkImageCropInput.h"
 
 #include <QByteArray>
 #include <QImage>
@@ -10,6 +11,15 @@
 
 /// Recipes made from an editing session and applied to photos again.
 namespace EditRecipe {
+
+/// An overlay item as a recipe keeps it: \a box in frame points, normalised to \a frame.
+Item recipeItem(const Overlay::Shape& shape, QRectF box, qreal degrees, qreal magnification, QSizeF frame);
+
+/// The picture a recipe's item draws, placed in its frame.
+Overlay::Placement placement(const Item& item, QSizeF frame, qreal pixelRatio);
+
+/// Overlay::flattened() with the pictures the step's items draw.
+std::optional<QImage> flattened(const QImage& base, const Overlays& overlays);
 
 /// Why a recipe made for \a made cannot be applied to the photo \a photo; empty when it can. A recipe made
 /// from pixels rather than a file names no bytes, and then the size alone must agree.

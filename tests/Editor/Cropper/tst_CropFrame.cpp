@@ -1,4 +1,4 @@
-#include "Editor/Cropper/CropFrame.h"
+#include "Editor/Cropper/Engine/CropFrame.h"
 
 #include <QTest>
 

@@ -1,4 +1,4 @@
-#include "Editor/Cropper/ImageCropperImp.h"
+#include "Editor/Cropper/Engine/ImageCropperImp.h"
 #include "Error/QuorvaneSdkImageError.h"
 #include "LogRecorder.h"
 #include "TestImages.h"

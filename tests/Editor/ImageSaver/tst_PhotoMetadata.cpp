@@ -1,5 +1,5 @@
 #include "Editor/Canvas/CanvasViewModel.h"
-#include "Editor/Cropper/ImageCropperImp.h"
+#include "Editor/Cropper/Engine/ImageCropperImp.h"
 #include "Editor/Filters/Engine/FiltersManager.h"
 #include "Editor/QuorvaneSdkImageEditorViewModel.h"
 #include "ExifTool.h"

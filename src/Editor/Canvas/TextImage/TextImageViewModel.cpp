@@ -1,6 +1,6 @@
 #include "TextImageViewModel.h"
 
-#include "Editor/Canvas/Overlay.h"
+#include "Editor/Canvas/Scene/Overlay.h"
 #include "Editor/Helpers/Finite.h"
 #include "Editor/Helpers/ImageHelpers.h"
 #include "Editor/Helpers/Notify.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Editor/Canvas/Overlay.h"
+#include "Editor/Canvas/Scene/Overlay.h"
 
 #include <QColor>
 #include <QFont>

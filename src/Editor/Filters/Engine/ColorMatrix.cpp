@@ -1,6 +1,5 @@
 #include "ColorMatrix.h"
 
-#include <QJSEngine>
 #include <QtGlobal>
 #include <algorithm>
 #include <cmath>
@@ -15,22 +14,6 @@ ColorMatrix diagonal(float r, float g, float b)
     m[0] = r;
     m[5] = g;
     m[10] = b;
-    return m;
-}
-
-QList<qreal> toList(const ColorMatrix& m)
-{
-    QList<qreal> list;
-    list.reserve(16);
-    for (const float v : m)
-        list.append(v);
-    return list;
-}
-
-ColorMatrix fromList(const QList<qreal>& list)
-{
-    ColorMatrix m;
-    std::transform(list.cbegin(), list.cbegin() + 16, m.begin(), [](qreal v) { return float(v); });
     return m;
 }
 
@@ -101,45 +84,4 @@ ColorMatrix testMatrix(float intensity, float luminosity, float exposure, float 
 bool isFinite(const ColorMatrix& matrix)
 {
     return std::all_of(matrix.begin(), matrix.end(), [](float v) { return std::isfinite(v); });
-}
-
-QList<qreal> ColorMatrices::warmMatrix(float intensity)
-{
-    return toList(::warmMatrix(intensity));
-}
-
-QList<qreal> ColorMatrices::luminosityMatrix(float lum)
-{
-    return toList(::luminosityMatrix(lum));
-}
-
-QList<qreal> ColorMatrices::saturate(float sat)
-{
-    return toList(::saturate(sat));
-}
-
-QList<qreal> ColorMatrices::exposureMatrix(float exposure)
-{
-    return toList(::exposureMatrix(exposure));
-}
-
-QList<qreal> ColorMatrices::tintMatrix(float intensity)
-{
-    return toList(::tintMatrix(intensity));
-}
-
-QList<qreal> ColorMatrices::concat(const QList<qreal>& matrix1, const QList<qreal>& matrix2)
-{
-    if (matrix1.size() < 16 || matrix2.size() < 16) {
-        if (QJSEngine* engine = qjsEngine(this))
-            engine->throwError(QJSValue::RangeError, QStringLiteral("concat takes two lists of 16 numbers"));
-        return {};
-    }
-    return toList(::concat(fromList(matrix1), fromList(matrix2)));
-}
-
-QList<qreal> ColorMatrices::testMatrix(float intensity, float luminosity, float exposure, float saturation,
-                                       float tint)
-{
-    return toList(::testMatrix(intensity, luminosity, exposure, saturation, tint));
 }

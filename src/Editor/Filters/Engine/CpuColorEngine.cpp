@@ -1,6 +1,6 @@
 #include "CpuColorEngine.h"
 
-#include "ImageHelpers.h"
+#include "Editor/Helpers/ImageHelpers.h"
 
 #include <QSysInfo>
 #include <algorithm>

@@ -1,8 +1,8 @@
 #include "FiltersManager.h"
 
 #include "CpuColorEngine.h"
-#include "ImageHelpers.h"
-#include "ModuleLog.h"
+#include "Editor/Helpers/ImageHelpers.h"
+#include "Logger/ModuleLog.h"
 
 #include <QtGlobal>
 

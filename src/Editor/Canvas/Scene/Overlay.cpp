@@ -3,7 +3,6 @@
 #include "Editor/Helpers/ImageHelpers.h"
 
 #include <QColorSpace>
-#include <QColorTransform>
 #include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QPainter>
@@ -30,19 +29,9 @@ QImage inColourSpace(const QImage& overlay, const QColorSpace& space)
     return converted;
 }
 
-qreal shortSide(QSizeF size)
-{
-    return std::min(size.width(), size.height());
-}
-
 QPointF scaled(QPointF point, QSizeF by)
 {
     return {point.x() * by.width(), point.y() * by.height()};
-}
-
-QPointF normalised(QPointF point, QSizeF by)
-{
-    return {point.x() / by.width(), point.y() / by.height()};
 }
 
 } // namespace
@@ -138,69 +127,6 @@ std::optional<QImage> flattened(const QImage& base, QSizeF frame, const QList<Pl
         painter.restore();
     }
     return canvas;
-}
-
-EditRecipe::Item recipeItem(const Shape& shape, QRectF box, qreal degrees, qreal magnification, QSizeF frame)
-{
-    if (const auto* stroke = std::get_if<StrokeShape>(&shape)) {
-        EditRecipe::Stroke item;
-        item.box = QRectF(normalised(box.topLeft(), frame),
-                          QSizeF(box.width() / frame.width(), box.height() / frame.height()));
-        item.points.reserve(stroke->points.size());
-        for (const QPointF& point : stroke->points)
-            item.points.append(normalised(box.topLeft() + point, frame));
-        item.color = stroke->color;
-        item.width = stroke->width / shortSide(frame);
-        item.degrees = degrees;
-        item.scale = magnification;
-        return item;
-    }
-    const TextShape& text = std::get<TextShape>(shape);
-    EditRecipe::Text item;
-    item.text = text.text;
-    item.font = text.family;
-    item.size = text.pixelSize / shortSide(frame);
-    item.bold = text.bold;
-    item.italic = text.italic;
-    item.uppercase = text.uppercase;
-    item.color = text.color;
-    item.centre = normalised(box.center(), frame);
-    item.wrapWidth = text.wrapWidth / frame.width();
-    item.degrees = degrees;
-    item.scale = magnification;
-    return item;
-}
-
-Placement placement(const EditRecipe::Item& item, QSizeF frame, qreal pixelRatio)
-{
-    if (const auto* stroke = std::get_if<EditRecipe::Stroke>(&item)) {
-        const QRectF box(scaled(stroke->box.topLeft(), frame),
-                         QSizeF(stroke->box.width() * frame.width(), stroke->box.height() * frame.height()));
-        StrokeShape shape{{}, stroke->color, stroke->width * shortSide(frame)};
-        shape.points.reserve(stroke->points.size());
-        for (const QPointF& point : stroke->points)
-            shape.points.append(scaled(point, frame) - box.topLeft());
-        return {strokePicture(box.size(), shape, pixelRatio), box, stroke->degrees, stroke->scale};
-    }
-    const auto& text = std::get<EditRecipe::Text>(item);
-    // Sizes come back as the whole points they were, whatever rounding the division left.
-    const TextShape shape{
-        text.text,      text.font,  int(std::lround(text.size * shortSide(frame))),  text.bold, text.italic,
-        text.uppercase, text.color, int(std::lround(text.wrapWidth * frame.width()))};
-    QImage picture = textPicture(shape, pixelRatio);
-    const QSizeF size = picture.deviceIndependentSize();
-    const QPointF centre = scaled(text.centre, frame);
-    return {std::move(picture), QRectF(centre - QPointF(size.width(), size.height()) / 2, size), text.degrees,
-            text.scale};
-}
-
-std::optional<QImage> flattened(const QImage& base, const EditRecipe::Overlays& overlays)
-{
-    QList<Placement> placements;
-    placements.reserve(overlays.items.size());
-    for (const EditRecipe::Item& item : overlays.items)
-        placements.append(placement(item, overlays.frame, overlays.pixelRatio));
-    return flattened(base, overlays.frame, placements);
 }
 
 } // namespace Overlay

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "Editor/Recipe/EditRecipe.h"
-
 #include <QColor>
 #include <QFont>
 #include <QImage>
@@ -84,14 +82,5 @@ struct Placement
 /// the first lowest. Pictures chosen in sRGB are converted into the base's colour space. None when the copy
 /// cannot be allocated.
 std::optional<QImage> flattened(const QImage& base, QSizeF frame, const QList<Placement>& placements);
-
-/// An item as a recipe keeps it: \a box in frame points, normalised to \a frame.
-EditRecipe::Item recipeItem(const Shape& shape, QRectF box, qreal degrees, qreal magnification, QSizeF frame);
-
-/// The picture a recipe's item draws, placed in its frame.
-Placement placement(const EditRecipe::Item& item, QSizeF frame, qreal pixelRatio);
-
-/// flattened() with the pictures the recipe's items draw.
-std::optional<QImage> flattened(const QImage& base, const EditRecipe::Overlays& overlays);
 
 } // namespace Overlay
