@@ -16,14 +16,11 @@ private slots:
         AdjustImageViewModel model(quadrants(QSize(40, 30)));
         const QList<Filter>& entries = model.availableFilters();
         QCOMPARE(entries.size(), 10);
-        QCOMPARE(entries[0].name, QStringLiteral("None"));
-        for (qsizetype i = 1; i < entries.size(); ++i) {
-            QCOMPARE(entries[i].name, QStringLiteral("Adjust #%1").arg(i));
+        for (qsizetype i = 0; i < entries.size(); ++i) {
+            QCOMPARE(entries[i].name, i == 0 ? QStringLiteral("None") : QStringLiteral("Adjust #%1").arg(i));
             QCOMPARE(entries[i].index, i);
-        }
-        for (qsizetype i = 0; i < 6; ++i) {
-            QVERIFY(!entries[i].image.isNull());
-            for (qsizetype j = i + 1; j < 10; ++j)
+            // Entries 6 to 9 repeat the first four symbols; no two others look alike.
+            for (qsizetype j = i + 1; j < entries.size(); ++j)
                 QCOMPARE(entries[i].image == entries[j].image, j == i + 6);
         }
     }
@@ -33,7 +30,6 @@ private slots:
         QTest::addColumn<qreal>("value");
         QTest::addColumn<QByteArray>("line");
         QTest::newRow("whole") << 100.0 << QByteArray("applyIntensity(100.0)\n");
-        QTest::newRow("zero") << 0.0 << QByteArray("applyIntensity(0.0)\n");
         QTest::newRow("negative zero") << -0.0 << QByteArray("applyIntensity(-0.0)\n");
         QTest::newRow("shortest that reads back") << 0.1 << QByteArray("applyIntensity(0.1)\n");
         QTest::newRow("a third") << 100.0 / 3 << QByteArray("applyIntensity(33.333333333333336)\n");

@@ -32,50 +32,28 @@ class tst_ChooseIntensityViewModel : public QObject
     Q_OBJECT
 
 private slots:
-    void setup_at402_placesTheStartingIntensityUnderTheMarker_data()
-    {
-        QTest::addColumn<Kind>("kind");
-        QTest::addColumn<qreal>("offset");
-        QTest::addColumn<qreal>("intensity");
-        QTest::newRow("ruler starts at its far end, 100") << Kind::ruler << -200.0 << 100.0;
-        QTest::newRow("dial starts in the middle, 50") << Kind::dial << 0.0 << 50.0;
-    }
-
-    void setup_at402_placesTheStartingIntensityUnderTheMarker()
-    {
-        QFETCH(Kind, kind);
-        QFETCH(qreal, offset);
-        QFETCH(qreal, intensity);
-        auto model = make(kind, nullptr);
-        model->setupElementsSize(402);
-        QCOMPARE(model->maxOffset(), 200.0);
-        QCOMPARE(model->minOffset(), -200.0);
-        QCOMPARE(model->totalDraggingSize(), 400.0);
-        QCOMPARE(model->offset(), offset);
-        QCOMPARE(model->selectedIntensity(), intensity);
-    }
-
     void drags_reportEveryChangeAndSettleTheOffset_data()
     {
+        using Values = QList<qreal>;
         QTest::addColumn<Kind>("kind");
         QTest::addColumn<QList<qreal>>("drags");
         QTest::addColumn<QList<qreal>>("reported");
         QTest::addColumn<qreal>("offset");
+        QTest::addColumn<qreal>("intensity");
         // Each drag is one change followed by its end, at the width 402.
-        QTest::newRow("ruler +100") << Kind::ruler << QList<qreal>{100} << QList<qreal>{75} << -100.0;
-        QTest::newRow("ruler +100, then +150")
-            << Kind::ruler << QList<qreal>{100, 150} << QList<qreal>{75, 37.5} << 50.0;
-        QTest::newRow("ruler past its start is exactly 0")
-            << Kind::ruler << QList<qreal>{401} << QList<qreal>{0} << 200.0;
-        QTest::newRow("ruler past its end is exactly 100")
-            << Kind::ruler << QList<qreal>{-1} << QList<qreal>{100} << -200.0;
-        QTest::newRow("ruler to its start exactly is in range")
-            << Kind::ruler << QList<qreal>{400} << QList<qreal>{0} << 200.0;
-        QTest::newRow("dial -100") << Kind::dial << QList<qreal>{-100} << QList<qreal>{75} << -100.0;
-        QTest::newRow("dial +250 is exactly 0")
-            << Kind::dial << QList<qreal>{250} << QList<qreal>{0} << 200.0;
-        QTest::newRow("dial +50 then past its end")
-            << Kind::dial << QList<qreal>{50, -300} << QList<qreal>{37.5, 100} << -200.0;
+        const auto row = [](const char* name, Kind kind, const Values& drags, const Values& reported,
+                            qreal offset, qreal intensity) {
+            QTest::newRow(name) << kind << drags << reported << offset << intensity;
+        };
+        row("ruler starts at its far end", Kind::ruler, {}, {}, -200, 100);
+        row("ruler +100, then +150", Kind::ruler, {100, 150}, {75, 37.5}, 50, 37.5);
+        row("ruler past its start is exactly 0", Kind::ruler, {401}, {0}, 200, 0);
+        row("ruler past its end is exactly 100", Kind::ruler, {-1}, {100}, -200, 100);
+        row("ruler to its start exactly is in range", Kind::ruler, {400}, {0}, 200, 0);
+        row("dial starts in the middle", Kind::dial, {}, {}, 0, 50);
+        row("dial -100", Kind::dial, {-100}, {75}, -100, 75);
+        row("dial +250 is exactly 0", Kind::dial, {250}, {0}, 200, 0);
+        row("dial +50 then past its end", Kind::dial, {50, -300}, {37.5, 100}, -200, 100);
     }
 
     void drags_reportEveryChangeAndSettleTheOffset()
@@ -84,9 +62,13 @@ private slots:
         QFETCH(QList<qreal>, drags);
         QFETCH(QList<qreal>, reported);
         QFETCH(qreal, offset);
+        QFETCH(qreal, intensity);
         Recorder delegate;
         auto model = make(kind, &delegate);
         model->setupElementsSize(402);
+        QCOMPARE(model->maxOffset(), 200.0);
+        QCOMPARE(model->minOffset(), -200.0);
+        QCOMPARE(model->totalDraggingSize(), 400.0);
         for (const qreal t : drags) {
             model->handleDragOnChange(t);
             QVERIFY(model->isDragging());
@@ -94,7 +76,7 @@ private slots:
             QVERIFY(!model->isDragging());
         }
         QCOMPARE(delegate.values, reported);
-        QCOMPARE(model->selectedIntensity(), reported.last());
+        QCOMPARE(model->selectedIntensity(), intensity);
         QCOMPARE(model->offset(), offset);
     }
 

@@ -57,13 +57,6 @@ private slots:
         ImageEditorViewModel* editor = screen.editor();
         const QImage photo = editor->image();
 
-        // The two hidden tabs keep their place but are neither seen nor taken by a finger.
-        QVERIFY(!screen.isShown("filtersTab"));
-        QVERIFY(!screen.isShown("adjustTab"));
-        screen.tap("filtersTab");
-        screen.tap("adjustTab");
-        QCOMPARE(editor->page(), Page::base);
-
         for (int visit = 0; visit < 2; ++visit) {
             open(screen, Page::filters);
             FiltersViewModel* filters = editor->filters();
@@ -96,8 +89,6 @@ private slots:
                 // Undone one step at a time, back to nothing chosen; then left without a change.
                 for (int taps = 0; filters->hasTrackedActions() && taps < 500; ++taps)
                     screen.tap("filtersUndoButton");
-                QVERIFY(!filters->selectedFilter());
-                QCOMPARE(filters->selectedIntensity(), 1.0);
                 QVERIFY(!screen.isShown("filtersUndoButton"));
                 QCOMPARE(screen.text("selectedEntryName"), QStringLiteral("Original"));
                 QCOMPARE(screen.text("intensityValue"), QStringLiteral("100"));
@@ -109,9 +100,7 @@ private slots:
             swipe(screen, "selectAdjustmentView", -70);
             QCOMPARE(screen.text("selectedEntryName"), QStringLiteral("Adjust #1"));
             // Turning the dial prints each intensity it passes, and nothing else happens.
-            QByteArray printed;
-            const auto turn = [&] { swipe(screen, "chooseIntensityLevelView", -100, 12); };
-            printed = stdoutOf(turn);
+            const QByteArray printed = stdoutOf([&] { swipe(screen, "chooseIntensityLevelView", -100, 12); });
             const QList<QByteArray> lines = printed.trimmed().split('\n');
             QVERIFY2(lines.size() > 1, printed.constData());
             for (const QByteArray& line : lines)

@@ -80,31 +80,25 @@ private slots:
 
     void drags_selectByWholeStepsAndSnap_data()
     {
+        using Drags = QList<qreal>;
+        using Told = QList<qint64>;
         QTest::addColumn<Kind>("kind");
         QTest::addColumn<QList<qreal>>("drags");
         QTest::addColumn<QList<qint64>>("told");
         QTest::addColumn<qreal>("offset");
         // Each drag is one change followed by its end.
-        QTest::newRow("+35 beyond the first entry")
-            << Kind::filters << QList<qreal>{35} << QList<qint64>{0} << 118.0;
-        QTest::newRow("-35 stays short of half a step")
-            << Kind::filters << QList<qreal>{-35} << QList<qint64>{0} << 118.0;
-        QTest::newRow("-36 is half a step, rounded away from zero")
-            << Kind::filters << QList<qreal>{-36} << QList<qint64>{1} << 46.0;
-        QTest::newRow("-37 reaches Blue and snaps to it")
-            << Kind::filters << QList<qreal>{-37} << QList<qint64>{1} << 46.0;
-        QTest::newRow("-37, then +37 back from Blue")
-            << Kind::filters << QList<qreal>{-37, 37} << QList<qint64>{1, 0} << 118.0;
-        QTest::newRow("-37, then -75 two on from Blue")
-            << Kind::filters << QList<qreal>{-37, -75} << QList<qint64>{1, 2} << -26.0;
-        QTest::newRow("far left clamps to the last")
-            << Kind::filters << QList<qreal>{-700} << QList<qint64>{9} << -530.0;
-        QTest::newRow("adjustments -31")
-            << Kind::adjustments << QList<qreal>{-31} << QList<qint64>{0} << 126.0;
-        QTest::newRow("adjustments -33")
-            << Kind::adjustments << QList<qreal>{-33} << QList<qint64>{1} << 62.0;
-        QTest::newRow("adjustments -200")
-            << Kind::adjustments << QList<qreal>{-200} << QList<qint64>{3} << -66.0;
+        const auto row = [](const char* name, Kind kind, const Drags& drags, const Told& told, qreal offset) {
+            QTest::newRow(name) << kind << drags << told << offset;
+        };
+        row("+35 beyond the first entry", Kind::filters, {35}, {0}, 118);
+        row("-35 stays short of half a step", Kind::filters, {-35}, {0}, 118);
+        row("-36 is half a step, rounded away from zero", Kind::filters, {-36}, {1}, 46);
+        row("-37, then +37 back from Blue", Kind::filters, {-37, 37}, {1, 0}, 118);
+        row("-37, then -75 two on from Blue", Kind::filters, {-37, -75}, {1, 2}, -26);
+        row("far left clamps to the last", Kind::filters, {-700}, {9}, -530);
+        row("adjustments -31", Kind::adjustments, {-31}, {0}, 126);
+        row("adjustments -33", Kind::adjustments, {-33}, {1}, 62);
+        row("adjustments -200", Kind::adjustments, {-200}, {3}, -66);
     }
 
     void drags_selectByWholeStepsAndSnap()

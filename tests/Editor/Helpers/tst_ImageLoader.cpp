@@ -11,6 +11,19 @@
 
 using namespace TestImages;
 
+namespace {
+
+// A thumbnail in an APP1 segment: its end marker is not the image's.
+QByteArray withThumbnail(const QByteArray& jpeg)
+{
+    const QByteArray thumbnail = encode(quadrants(QSize(8, 8)), "jpeg", 50);
+    const quint16 length = quint16(thumbnail.size() + 2);
+    return jpeg.left(2) + QByteArray::fromHex("ffe1") + char(length >> 8) + char(length & 0xFF) + thumbnail +
+           jpeg.mid(2);
+}
+
+} // namespace
+
 class tst_ImageLoader : public QObject
 {
     Q_OBJECT
@@ -49,13 +62,11 @@ private slots:
         QVERIFY(quartersMatch(*loaded.image, upright, 8));
     }
 
-    void wholeFiles_load_data()
+    void goodFiles_decodeAsAPlainReaderDoes_data()
     {
         QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<QSize>("size");
-
         const QImage image = quadrants(QSize(40, 30));
-        QTest::newRow("jpeg") << encode(image, "jpeg", 90) << QSize(40, 30);
+        QTest::newRow("jpeg") << encode(image, "jpeg", 90);
         QTest::newRow("progressive jpeg") << [&] {
             QByteArray bytes;
             QBuffer buffer(&bytes);
@@ -64,39 +75,14 @@ private slots:
             writer.setProgressiveScanWrite(true);
             writer.write(image);
             return bytes;
-        }() << QSize(40, 30);
-        QTest::newRow("jpeg with data after its end")
-            << encode(image, "jpeg", 90) + QByteArray(500, 'x') << QSize(40, 30);
-        QTest::newRow("png") << encode(image, "png") << QSize(40, 30);
-        QTest::newRow("png with alpha")
-            << encode(image.convertToFormat(QImage::Format_ARGB32), "png") << QSize(40, 30);
-        QTest::newRow("bmp") << encode(image, "bmp") << QSize(40, 30);
-        QTest::newRow("gif") << gifDeclaring(40, 30) << QSize(40, 30);
-        QTest::newRow("ico") << encode(image, "ico") << QSize(40, 30);
-        QTest::newRow("icns") << encode(quadrants(QSize(32, 32)), "icns") << QSize(32, 32);
-    }
-
-    void wholeFiles_load()
-    {
-        QFETCH(QByteArray, bytes);
-        QFETCH(QSize, size);
-        // The extension lies on purpose: content decides.
-        const ImageLoadResult loaded = loadImageFile(write(QStringLiteral("whole.img"), bytes), 1'000'000);
-        QVERIFY2(loaded.image, qPrintable(loaded.failure));
-        QCOMPARE(loaded.image->size(), size);
-        QVERIFY(loaded.failure.isEmpty());
-    }
-
-    void realPhoto_loadsAtFullSize()
-    {
-        const ImageLoadResult loaded = loadImageFile(photoPath(), 100'000'000);
-        QVERIFY2(loaded.image, qPrintable(loaded.failure));
-        QCOMPARE(loaded.image->size(), QSize(4224, 3168));
-    }
-
-    void largeFiles_decodeAsAPlainReaderDoes_data()
-    {
-        QTest::addColumn<QByteArray>("bytes");
+        }();
+        QTest::newRow("jpeg with data after its end") << encode(image, "jpeg", 90) + QByteArray(500, 'x');
+        QTest::newRow("jpeg with a thumbnail") << withThumbnail(encode(image, "jpeg", 90));
+        QTest::newRow("png") << encode(image, "png");
+        QTest::newRow("bmp") << encode(image, "bmp");
+        QTest::newRow("gif") << gifDeclaring(40, 30);
+        QTest::newRow("ico") << encode(image, "ico");
+        QTest::newRow("icns") << encode(quadrants(QSize(32, 32)), "icns");
         // Photo-sized, so that each lands in a buffer of the loader's own.
         const QImage big = quadrants(QSize(2100, 2000));
         QTest::newRow("real photo") << [] {
@@ -112,17 +98,20 @@ private slots:
         QTest::newRow("turned jpeg") << withExifOrientation(encode(big, "jpeg", 90), 6);
     }
 
-    void largeFiles_decodeAsAPlainReaderDoes()
+    void goodFiles_decodeAsAPlainReaderDoes()
     {
         QFETCH(QByteArray, bytes);
-        const QString path = write(QStringLiteral("large.img"), bytes);
+        // The extension lies on purpose: content decides.
+        const QString path = write(QStringLiteral("good.img"), bytes);
 
         const ImageLoadResult loaded = loadImageFile(path, 100'000'000);
 
         QVERIFY2(loaded.image, qPrintable(loaded.failure));
+        QVERIFY(loaded.failure.isEmpty());
         QImageReader plain(path);
         plain.setAutoTransform(true);
         const QImage expected = plain.read();
+        QVERIFY(!expected.isNull());
         QCOMPARE(loaded.image->format(), expected.format());
         QVERIFY(*loaded.image == expected);
     }
@@ -141,6 +130,7 @@ private slots:
         QTest::newRow("jpeg cut in its headers") << jpeg.left(scan / 2) << "could not be decoded";
         QTest::newRow("jpeg cut in its scan") << jpeg.left(scan + 100) << "truncated";
         QTest::newRow("jpeg without its end marker") << jpeg.left(jpeg.size() - 2) << "truncated";
+        QTest::newRow("jpeg cut after its thumbnail") << withThumbnail(jpeg).chopped(40) << "truncated";
         QTest::newRow("jpeg with garbage for a scan")
             << jpeg.left(scan + 20) + QByteArray(4000, '\xff') << "truncated";
         QTest::newRow("png cut short") << png.left(png.size() / 2) << "could not be decoded";
@@ -180,12 +170,9 @@ private slots:
     void missingFileAndFolder_yieldNoImageAndAReason()
     {
         const ImageLoadResult missing = loadImageFile(m_dir.filePath(QStringLiteral("none.jpg")), 1000);
-        QVERIFY(!missing.image);
-        QVERIFY(missing.failure.contains(QStringLiteral("does not exist")));
-
         const ImageLoadResult folder = loadImageFile(m_dir.path(), 1000);
-        QVERIFY(!folder.image);
-        QVERIFY(folder.failure.contains(QStringLiteral("not a regular file")));
+        QVERIFY2(!missing.image && missing.failure.contains(u"does not exist"), qPrintable(missing.failure));
+        QVERIFY2(!folder.image && folder.failure.contains(u"not a regular file"), qPrintable(folder.failure));
     }
 
     void pixelLimit_isTheHosts_data()
@@ -195,9 +182,7 @@ private slots:
         QTest::addColumn<bool>("turnedPhoto");
         QTest::newRow("below the image") << qint64(100 * 100 - 1) << false << false;
         QTest::newRow("exactly the image") << qint64(100 * 100) << true << false;
-        QTest::newRow("default") << qint64(100'000'000) << true << false;
         QTest::newRow("none at all") << qint64(0) << false << false;
-        QTest::newRow("negative") << qint64(-5) << false << false;
         QTest::newRow("as large as can be") << std::numeric_limits<qint64>::max() << true << false;
         // The decoder allocates a turned photo itself, against Qt's limit in whole MiB.
         QTest::newRow("exactly a turned photo") << qint64(2000 * 1000) << true << true;
@@ -216,35 +201,6 @@ private slots:
         QCOMPARE(loadImageFile(path, limit).image.has_value(), loads);
         // Qt's allocation limit is process-wide: the load leaves the host's as it was.
         QCOMPARE(QImageReader::allocationLimit(), hostsAllocationLimit);
-    }
-
-    void jpegStreamIsComplete_data()
-    {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<bool>("complete");
-
-        const QByteArray jpeg = encode(quadrants(QSize(32, 32)), "jpeg", 90);
-        // A thumbnail's end marker inside an APP1 segment must not count as the image's.
-        QByteArray withThumbnail = jpeg.left(2);
-        const QByteArray thumbnail = encode(quadrants(QSize(8, 8)), "jpeg", 50);
-        const quint16 length = quint16(thumbnail.size() + 2);
-        withThumbnail += QByteArray::fromHex("ffe1") + char(length >> 8) + char(length & 0xFF) + thumbnail;
-        withThumbnail += jpeg.mid(2);
-
-        QTest::newRow("whole") << jpeg << true;
-        QTest::newRow("whole with thumbnail") << withThumbnail << true;
-        QTest::newRow("thumbnail kept, image cut") << withThumbnail.left(withThumbnail.size() - 40) << false;
-        QTest::newRow("trailing data") << jpeg + QByteArray("trailer") << true;
-        QTest::newRow("only start marker") << jpeg.left(2) << false;
-        QTest::newRow("not a jpeg") << QByteArray("GIF89a......") << false;
-        QTest::newRow("cut in a segment length") << jpeg.left(5) << false;
-    }
-
-    void jpegStreamIsComplete()
-    {
-        QFETCH(QByteArray, bytes);
-        QFETCH(bool, complete);
-        QCOMPARE(::jpegStreamIsComplete(bytes), complete);
     }
 };
 

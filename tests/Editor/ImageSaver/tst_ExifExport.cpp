@@ -16,21 +16,15 @@ using namespace TestImages;
 
 namespace {
 
-const char kUnreadable[] = "Part of the photo's metadata could not be read; the copy is written without it.";
-
-QByteArray be16(quint16 value)
+template <typename T> QByteArray bigEndian(T value)
 {
-    QByteArray bytes(2, '\0');
+    QByteArray bytes(sizeof(T), '\0');
     qToBigEndian(value, bytes.data());
     return bytes;
 }
 
-QByteArray be32(quint32 value)
-{
-    QByteArray bytes(4, '\0');
-    qToBigEndian(value, bytes.data());
-    return bytes;
-}
+const auto be16 = bigEndian<quint16>;
+const auto be32 = bigEndian<quint32>;
 
 QByteArray entry(quint16 tag, quint16 type, quint32 count, QByteArray valueOrOffset)
 {
@@ -45,10 +39,10 @@ QByteArray tiff(quint16 declared, const QByteArray& entries, const QByteArray& a
 
 const QByteArray kMake = entry(0x010F, 2, 4, "Cam");
 
-QByteArray withExifSegment(const QByteArray& jpeg, const QByteArray& exif)
+// \a jpeg with an application segment of type \a marker (0xE1 EXIF, 0xE2 ICC) holding \a body.
+QByteArray withSegment(const QByteArray& jpeg, char marker, const QByteArray& body)
 {
-    const QByteArray body = QByteArray("Exif\0\0", 6) + exif;
-    return jpeg.left(2) + "\xFF\xE1" + be16(quint16(body.size() + 2)) + body + jpeg.mid(2);
+    return jpeg.left(2) + '\xFF' + marker + be16(quint16(body.size() + 2)) + body + jpeg.mid(2);
 }
 
 QByteArray pngChunk(const char* type, const QByteArray& body)
@@ -104,11 +98,14 @@ private slots:
 
         // The whole way: a JPEG carrying the block, loaded, saved, read back by exiftool.
         const QString source = m_dir.filePath(QStringLiteral("hostile.jpg"));
-        QVERIFY(writeFile(source, withExifSegment(encode(quadrants(QSize(40, 30)), "jpeg", 90), exif)));
+        QVERIFY(writeFile(source, withSegment(encode(quadrants(QSize(40, 30)), "jpeg", 90), '\xE1',
+                                              QByteArray("Exif\0\0", 6) + exif)));
         const ImageLoadResult loaded = loadImageFile(source, 1'000'000);
         QVERIFY(loaded.image);
         if (damaged)
-            QTest::ignoreMessage(QtWarningMsg, kUnreadable);
+            QTest::ignoreMessage(
+                QtWarningMsg,
+                "Part of the photo's metadata could not be read; the copy is written without it.");
         else
             QTest::failOnWarning(QRegularExpression(QStringLiteral("could not be read")));
         const QUrl written = ImageSaverImp().save(
@@ -137,12 +134,10 @@ private slots:
 
         const QByteArray jpeg = encode(quadrants(QSize(40, 30)), "jpeg", 90);
         const QByteArray piece = QByteArray("ICC_PROFILE\0", 12) + '\2' + '\3' + QByteArray(100, 'x');
-        QTest::newRow("JPEG profile missing its first pieces")
-            << jpeg.left(2) + "\xFF\xE2" + be16(quint16(piece.size() + 2)) + piece + jpeg.mid(2);
+        QTest::newRow("JPEG profile missing its first pieces") << withSegment(jpeg, '\xE2', piece);
         const QByteArray header = QColorSpace(QColorSpace::AdobeRgb).iccProfile().left(200);
         const QByteArray liar = QByteArray("ICC_PROFILE\0", 12) + '\1' + '\1' + header;
-        QTest::newRow("JPEG profile shorter than its header says")
-            << jpeg.left(2) + "\xFF\xE2" + be16(quint16(liar.size() + 2)) + liar + jpeg.mid(2);
+        QTest::newRow("JPEG profile shorter than its header says") << withSegment(jpeg, '\xE2', liar);
     }
 
     void hostileProfile_isDroppedWithinBoundedMemory()
