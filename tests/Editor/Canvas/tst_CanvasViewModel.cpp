@@ -76,38 +76,62 @@ private slots:
         QVERIFY(model.isCropperSetup());
     }
 
-    void stroke_becomesAnItemFramedByItsLineWidth_data()
+    void stroke_becomesAnItemFramedByItsLineWidth_orNothing_data()
     {
         QTest::addColumn<QList<QPointF>>("points");
-        QTest::addColumn<QSizeF>("offset");
-        QTest::addColumn<QSizeF>("size");
-        QTest::newRow("diagonal") << QList<QPointF>{{10, 10}, {30, 20}, {50, 30}} << QSizeF(6, 6)
-                                  << QSizeF(48, 28);
+        // The frame the finger is lifted in, when it shrank meanwhile.
+        QTest::addColumn<QSizeF>("liftFrame");
+        // The item's box; none when the stroke adds nothing.
+        QTest::addColumn<QRectF>("box");
+        // What the next stroke starts from.
+        QTest::addColumn<QList<QPointF>>("kept");
+        const QList<QPointF> none;
+        QTest::newRow("diagonal") << QList<QPointF>{{10, 10}, {30, 20}, {50, 30}} << QSizeF()
+                                  << QRectF(6, 6, 48, 28) << none;
         QTest::newRow("clipped at the top left")
-            << QList<QPointF>{{1, 2}, {20, 20}} << QSizeF(0, 0) << QSizeF(24, 24);
+            << QList<QPointF>{{1, 2}, {20, 20}} << QSizeF() << QRectF(0, 0, 24, 24) << none;
         QTest::newRow("clipped at the bottom right")
-            << QList<QPointF>{{380, 280}, {398, 299}} << QSizeF(376, 276) << QSizeF(24, 24);
+            << QList<QPointF>{{380, 280}, {398, 299}} << QSizeF() << QRectF(376, 276, 24, 24) << none;
+        // A tap keeps its point: it starts the next stroke.
+        QTest::newRow("a tap") << QList<QPointF>{{10, 10}} << QSizeF() << QRectF()
+                               << QList<QPointF>{{10, 10}};
+        QTest::newRow("only points outside the frame")
+            << QList<QPointF>{{-1, 5}, {400, 5}, {5, 300}} << QSizeF() << QRectF() << none;
+        // From (100, 100) to (150, 150): with its line width the box starts at (96, 96).
+        QTest::newRow("frame shrank before the box")
+            << QList<QPointF>{{100, 100}, {150, 150}, {120, 120}} << QSizeF(50, 50) << QRectF() << none;
+        QTest::newRow("frame shrank to where the box starts")
+            << QList<QPointF>{{100, 100}, {150, 150}, {120, 120}} << QSizeF(96, 300) << QRectF() << none;
     }
 
-    void stroke_becomesAnItemFramedByItsLineWidth()
+    void stroke_becomesAnItemFramedByItsLineWidth_orNothing()
     {
         QFETCH(QList<QPointF>, points);
-        QFETCH(QSizeF, offset);
-        QFETCH(QSizeF, size);
+        QFETCH(QSizeF, liftFrame);
+        QFETCH(QRectF, box);
+        QFETCH(QList<QPointF>, kept);
         auto model = canvas();
-        stroke(*model, points);
+        stroke(*model, points, liftFrame);
+        QCOMPARE(model->currentLine().points, kept);
 
+        if (box.isNull()) {
+            QVERIFY(model->lineImages().isEmpty());
+            QCOMPARE(model->previousStateCount(), 0);
+            // A lone point makes a stroke only with what was kept before it.
+            model->addFinalPoint(QPointF(30, 30), model->imageFrameSize());
+            QCOMPARE(model->lineImages().size(), kept.isEmpty() ? 0 : 1);
+            return;
+        }
         QCOMPARE(model->lineImages().size(), 1);
         const LineImagePtr& item = model->lineImages().first();
-        QCOMPARE(item->offset(), offset);
-        QCOMPARE(item->image().deviceIndependentSize(), size);
+        QCOMPARE(item->offset(), QSizeF(box.x(), box.y()));
+        QCOMPARE(item->image().deviceIndependentSize(), box.size());
         QCOMPARE(item->currentImageSize(), model->imageFrameSize());
         QCOMPARE(model->previousStateCount(), 1);
-        QVERIFY(model->currentLine().points.isEmpty());
         // The stroke is drawn white along its path; the box's corner stays clear.
         const QImage& image = item->image();
         QCOMPARE(image.pixelColor(0, 0).alpha(), 0);
-        const QPointF middle = (points[0] + points[1]) / 2 - QPointF(offset.width(), offset.height());
+        const QPointF middle = (points[0] + points[1]) / 2 - box.topLeft();
         QCOMPARE(image.pixelColor(middle.toPoint()), QColor(Qt::white));
     }
 
@@ -117,38 +141,6 @@ private slots:
         QCOMPARE(model->getTopMostLeftPoint({{1200, 1300}, {1500, 1400}}), QPointF(996, 996));
         QCOMPARE(model->getBottomMostRightPoint({{1200, 1300}, {1500, 1400}}, QSizeF(1502, 2000)),
                  QPointF(1502, 1404));
-    }
-
-    void strokesThatAddNothing_data()
-    {
-        QTest::addColumn<QList<QPointF>>("points");
-        QTest::addColumn<QSizeF>("liftFrame");
-        QTest::addColumn<QList<QPointF>>("kept");
-        // A tap keeps its point: it starts the next stroke.
-        QTest::newRow("a tap") << QList<QPointF>{{10, 10}} << QSizeF() << QList<QPointF>{{10, 10}};
-        QTest::newRow("only points outside the frame")
-            << QList<QPointF>{{-1, 5}, {400, 5}, {5, 300}} << QSizeF() << QList<QPointF>{};
-        // From (100, 100) to (150, 150): with its line width the box starts at (96, 96).
-        QTest::newRow("frame shrank before the box")
-            << QList<QPointF>{{100, 100}, {150, 150}, {120, 120}} << QSizeF(50, 50) << QList<QPointF>{};
-        QTest::newRow("frame shrank to where the box starts")
-            << QList<QPointF>{{100, 100}, {150, 150}, {120, 120}} << QSizeF(96, 300) << QList<QPointF>{};
-    }
-
-    void strokesThatAddNothing()
-    {
-        QFETCH(QList<QPointF>, points);
-        QFETCH(QSizeF, liftFrame);
-        QFETCH(QList<QPointF>, kept);
-        auto model = canvas();
-        stroke(*model, points, liftFrame);
-
-        QVERIFY(model->lineImages().isEmpty());
-        QCOMPARE(model->previousStateCount(), 0);
-        QCOMPARE(model->currentLine().points, kept);
-        // A lone point makes a stroke only with what was kept before it.
-        model->addFinalPoint(QPointF(30, 30), model->imageFrameSize());
-        QCOMPARE(model->lineImages().size(), kept.isEmpty() ? 0 : 1);
     }
 
     void nonFiniteNumbers_areIgnored_data()
