@@ -29,20 +29,6 @@ void stroke(CanvasViewModel& model, const QList<QPointF>& points, QSizeF liftFra
     model.addFinalPoint(points.last(), liftFrame.isEmpty() ? model.imageFrameSize() : liftFrame);
 }
 
-// The smallest rectangle holding every pixel redder than it is anything else.
-QRect redArea(const QImage& image)
-{
-    QRect area;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            const QColor c = image.pixelColor(x, y);
-            if (c.red() > 128 && c.green() < 100 && c.blue() < 100)
-                area |= QRect(x, y, 1, 1);
-        }
-    }
-    return area;
-}
-
 } // namespace
 
 using CanvasCall = std::function<void(CanvasViewModel&, qreal)>;
@@ -156,7 +142,6 @@ private slots:
             {"addFinalPoint, frame",
              [](CanvasViewModel& m, qreal v) { m.addFinalPoint(QPointF(20, 20), QSizeF(400, v)); }},
             {"selectedlineWidth", [](CanvasViewModel& m, qreal v) { m.setProperty("selectedlineWidth", v); }},
-            {"setLineWidthFromPicker", [](CanvasViewModel& m, qreal v) { m.setLineWidthFromPicker(v); }},
             {"rotateBy", [](CanvasViewModel& m, qreal v) { m.rotateBy(v); }},
             {"rotateTo", [](CanvasViewModel& m, qreal v) { m.rotateTo(v); }},
             {"scaleTo", [](CanvasViewModel& m, qreal v) { m.scaleTo(v); }},
@@ -360,24 +345,6 @@ private slots:
         const QByteArray said = stdoutOf([&] { model->alignTo(alignment); });
         QCOMPARE(item->offset(), offset);
         QCOMPARE(said, QByteArray(alignment == Alignment(42) ? "No supported alignment\n" : ""));
-    }
-
-    void mergeDrawings_mapsItemsToTheImagesOwnPixels()
-    {
-        // A frame half the image's size: an item at (10, 20) of 40 × 30 lands at (20, 40) as 80 × 60.
-        auto model = canvas(QSize(800, 600), QSizeF(400, 300));
-        QCOMPARE(model->imageFrameSize(), QSizeF(400, 300));
-        model->addText(solid(QSize(40, 30), Qt::red));
-        model->lineImages().first()->setOffset(QSizeF(10, 20));
-
-        const auto merged = model->mergeDrawings();
-
-        QVERIFY(merged);
-        QCOMPARE(merged->size(), QSize(800, 600));
-        QCOMPARE(redArea(*merged), QRect(20, 40, 80, 60));
-        QVERIFY(model->lineImages().isEmpty());
-        QCOMPARE(model->previousStateCount(), 1);
-        QVERIFY(!model->mergeDrawings());
     }
 
     void closingButtons_returnOnce()
