@@ -399,21 +399,20 @@ private slots:
         QTRY_VERIFY(seen(screen, "cropFrame"));
         const QQuickItem* frame = screen.find("cropFrame");
         const QSizeF shown = frame->size();
+        const bool wide = pictureSize.width() >= pictureSize.height();
         // The finger takes the leading (or top) end of the sliver and pulls it a quarter along.
-        if (pictureSize.width() > pictureSize.height())
-            screen.touchDrag(frame, QPointF(2, shown.height() / 2 + 6),
-                             QPointF(shown.width() / 4, shown.height() / 2 + 6));
-        else
-            screen.touchDrag(frame, QPointF(shown.width() / 2 + 6, 2),
-                             QPointF(shown.width() / 2 + 6, shown.height() / 4));
+        const QPointF across(shown.width() / 2 + 6, shown.height() / 2 + 6);
+        screen.touchDrag(frame, wide ? QPointF(2, across.y()) : QPointF(across.x(), 2),
+                         wide ? QPointF(shown.width() / 4, across.y())
+                              : QPointF(across.x(), shown.height() / 4));
         screen.tap("acceptButton");
         QTRY_COMPARE(screen.editor()->pageName(), QStringLiteral("base"));
-        const QSize cut = screen.editor()->image().size();
-        const bool wide = pictureSize.width() >= pictureSize.height();
-        const int length = wide ? pictureSize.width() : pictureSize.height();
-        const int along = wide ? cut.width() : cut.height();
-        QVERIFY2(along > length * 0.65 && along < length * 0.8, qPrintable(QString::number(along)));
-        QCOMPARE(wide ? cut.height() : cut.width(), wide ? pictureSize.height() : pictureSize.width());
+        const QSize cut =
+            wide ? screen.editor()->image().size() : screen.editor()->image().size().transposed();
+        const QSize whole = wide ? pictureSize : pictureSize.transposed();
+        QVERIFY2(cut.width() > whole.width() * 0.65 && cut.width() < whole.width() * 0.8,
+                 qPrintable(QString::number(cut.width())));
+        QCOMPARE(cut.height(), whole.height());
 
         openDraw(screen);
         QTRY_VERIFY(seen(screen, "canvasFrame"));

@@ -192,6 +192,9 @@ private slots:
         screen.tap("Done");
         stroke = canvas->lineImages()[0];
         text = canvas->lineImages()[1];
+        QCOMPARE(stroke->offset(),
+                 QSizeF(frameSize.width() - size.width(), frameSize.height() - size.height()));
+        QCOMPARE(stroke->rotationAngle().degrees(), 0.0);
         const QSizeF centred = text->offset();
         // Brought back on the move page, the items should take gestures at once.
         QEXPECT_FAIL("", "items undo brings back take no gesture until Move is tapped again", Continue);
