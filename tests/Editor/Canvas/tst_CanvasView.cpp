@@ -3,7 +3,6 @@
 #include "EditorScreen.h"
 #include "TestImages.h"
 
-#include <QPointingDevice>
 #include <QRegularExpression>
 #include <QStandardPaths>
 #include <QTemporaryDir>

@@ -28,13 +28,6 @@ public:
     std::function<void()> whileCropping;
 };
 
-QImage imageOfPoints(QSizeF points)
-{
-    QImage image(points.toSize(), QImage::Format_RGB32);
-    image.fill(Qt::gray);
-    return image;
-}
-
 // Everything a person could see or undo, for comparing before and after.
 struct Snapshot
 {
@@ -67,9 +60,11 @@ private:
     std::shared_ptr<RecordingCropper> m_cropper = std::make_shared<RecordingCropper>();
 
     // A 400 × 300 point image in a 390 × 600 area: frame 390 × 292.5, turned frame 520 × 390.
-    std::unique_ptr<CropperViewModel> laidOut()
+    std::unique_ptr<CropperViewModel> laidOut(std::function<void(std::optional<QImage>)> returnAction = {})
     {
-        auto model = std::make_unique<CropperViewModel>(imageOfPoints(QSizeF(400, 300)), m_cropper);
+        QImage image(400, 300, QImage::Format_RGB32);
+        image.fill(Qt::gray);
+        auto model = std::make_unique<CropperViewModel>(image, m_cropper, std::move(returnAction));
         model->setupCropperLayout(QSizeF(390, 600));
         return model;
     }
@@ -140,7 +135,6 @@ private slots:
     void flipButtonTints_showMirroringAlongTheirScreenAxis()
     {
         auto model = laidOut();
-        QCOMPARE(model->flipHorizontallyButtonColor(), BrandColor::gray());
         model->flipHorizontally(true);
         QCOMPARE(model->flipHorizontallyButtonColor(), BrandColor::ambar());
         QCOMPARE(model->flipVericallyButtonColor(), BrandColor::gray());
@@ -254,7 +248,6 @@ private slots:
         }
         model->rotateRight(true);
         model->flipVertically(true);
-        QSignalSpy progress(model.get(), &CropperViewModel::isCroppingInProgressChanged);
 
         QVERIFY(model->cropImage());
 
@@ -265,8 +258,6 @@ private slots:
         QCOMPARE(m_cropper->last->rotation.degrees(), 90.0);
         QVERIFY(m_cropper->last->flipHorizontally);
         QVERIFY(!m_cropper->last->flipVertically);
-        QCOMPARE(progress.count(), 2);
-        QVERIFY(!model->isCroppingInProgress());
     }
 
     void closingButtons_returnOnce_data()
@@ -293,28 +284,26 @@ private slots:
         QFETCH(int, returns);
         QFETCH(bool, withImage);
         QList<std::optional<QImage>> results;
-        CropperViewModel model(imageOfPoints(QSizeF(400, 300)), m_cropper,
-                               [&](std::optional<QImage> image) { results.append(std::move(image)); });
-        model.setupCropperLayout(QSizeF(390, 600));
+        const auto model = laidOut([&](std::optional<QImage> image) { results.append(std::move(image)); });
         if (edited)
-            model.rotateRightTracked();
+            model->rotateRightTracked();
         m_cropper->fail = cropFails;
         if (button == u"crop, cancel meanwhile") {
             m_cropper->whileCropping = [&] {
-                QVERIFY(model.isCroppingInProgress());
-                model.cancel();
+                QVERIFY(model->isCroppingInProgress());
+                model->cancel();
             };
         }
 
         for (int press = 0; press < 2; ++press)
-            button.startsWith(u"crop") ? model.crop() : model.cancel();
+            button.startsWith(u"crop") ? model->crop() : model->cancel();
         m_cropper->fail = false;
         m_cropper->whileCropping = nullptr;
 
         QCOMPARE(results.size(), returns);
         if (returns > 0)
             QCOMPARE(results.first().has_value(), withImage);
-        QVERIFY(!model.isCroppingInProgress());
+        QVERIFY(!model->isCroppingInProgress());
     }
 };
 
