@@ -3,7 +3,6 @@
 #include "EditorScreen.h"
 #include "TestImages.h"
 
-#include <QPointingDevice>
 #include <QRegularExpression>
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -78,18 +77,27 @@ private slots:
             QRegularExpression(QStringLiteral("^qrc:/qt-project.org/imports/Quorvane/SdkImage/")));
     }
 
+    // A turned item takes touches where it is drawn; of two items one above the other, the upper one does.
     void wholeSession_strokeAndText_landWhereTheyWerePlaced()
     {
         EditorScreen screen(QuorvaneSdkImageEditorPreset(QUrl::fromLocalFile(m_photo),
                                                          QuorvaneSdkImageOutputFormat::png(),
                                                          QUrl::fromLocalFile(m_output), std::nullopt));
-        screen.tap("drawTab");
-        QVERIFY(screen.waitForToolPage());
-        CanvasViewModel* canvas = screen.editor()->canvas();
+        CanvasViewModel* canvas = openCanvas(screen);
         QVERIFY(canvas);
-        QTRY_VERIFY(canvas->isCropperSetup());
         QVERIFY(!screen.isShown("moveButton"));
         QCOMPARE(screen.find("acceptButton")->property("isDisabled").toBool(), true);
+
+        // The colour rows open with the chosen swatch in sight, and a fade says that more lie beyond.
+        const auto inSight = [&](const QByteArray& swatch) {
+            const QQuickItem* item = screen.find(swatch.constData());
+            const QQuickItem* row = item ? item->parentItem()->parentItem() : nullptr;
+            return row && row->mapRectToScene(QRectF(QPointF(0, 0), row->size()))
+                              .contains(item->mapRectToScene(QRectF(QPointF(0, 0), item->size())));
+        };
+        const QByteArray white = QByteArray::number(CanvasViewModel::colorIndex(Qt::white));
+        QTRY_VERIFY(inSight("strokeColours" + white));
+        QVERIFY(screen.isShown("strokeColoursFadeStart") || screen.isShown("strokeColoursFadeEnd"));
 
         const QPointF drawAt = screen.find("drawButton")->mapToScene(QPointF(0, 0));
         const QPointF textAt = screen.find("textButton")->mapToScene(QPointF(0, 0));
@@ -100,10 +108,10 @@ private slots:
         screen.tap(surface, QPointF(200, 200));
         QVERIFY(canvas->lineImages().isEmpty());
         QCOMPARE(canvas->previousStateCount(), 0);
-        screen.touchDrag(surface, QPointF(40, 40), QPointF(120, 100));
+        screen.touchDrag(surface, QPointF(40, 140), QPointF(300, 140));
         QCOMPARE(canvas->lineImages().size(), 1);
         const QSizeF offset = canvas->lineImages()[0]->offset();
-        QVERIFY2(qAbs(offset.width() - 36) <= 0.5 && qAbs(offset.height() - 36) <= 0.5,
+        QVERIFY2(qAbs(offset.width() - 36) <= 0.5 && qAbs(offset.height() - 136) <= 0.5,
                  qPrintable(QStringLiteral("%1, %2").arg(offset.width()).arg(offset.height())));
         QVERIFY(screen.isShown("moveButton"));
         QVERIFY(screen.isShown("canvasUndoButton"));
@@ -116,6 +124,7 @@ private slots:
         screen.tap("textButton");
         QTRY_VERIFY(screen.find("textField"));
         QTRY_VERIFY(screen.find("textField")->isAncestorOf(screen.view().activeFocusItem()));
+        QTRY_VERIFY(inSight("textColours" + white));
         for (const char letter : {'H', 'E', 'L', 'L', 'O'})
             QTest::keyClick(&screen.view(), letter);
         const QImage previewed = screen.find("textPreview")->property("image").value<QImage>();
@@ -124,11 +133,74 @@ private slots:
         QTRY_COMPARE(canvas->lineImages().size(), 2);
         QCOMPARE(canvas->lineImages()[1]->image(), previewed);
         QVERIFY(!canvas->isEnteringText());
-        const LineImagePtr text = canvas->lineImages()[1];
-        const QSizeF centred = text->offset();
-
-        // Moved with one finger, then pinched and turned with two.
+        LineImagePtr stroke = canvas->lineImages()[0];
+        LineImagePtr text = canvas->lineImages()[1];
         screen.tap("moveButton");
+        QVERIFY(!screen.isShown("transformToolbar"));
+        const QQuickItem* frame = screen.find("canvasFrame");
+
+        // Where the text lies over the stroke, the text is taken.
+        QVERIFY(stroke->pointIsInside(text->getCenterPoint()) && text->pointIsInside(text->getCenterPoint()));
+        screen.tap(frame, text->getCenterPoint());
+        QTRY_COMPARE(canvas->selectedLineImage(), text);
+        QTRY_VERIFY(screen.isShown("transformToolbar"));
+        screen.tap(frame, text->getCenterPoint());
+        QTRY_VERIFY(!canvas->selectedLineImage());
+
+        // The toolbar acts on the tapped item.
+        screen.tap(frame, QPointF(60, 140));
+        QTRY_COMPARE(canvas->selectedLineImage(), stroke);
+        screen.tap("Rotation");
+        screen.tap("To left");
+        screen.tap("To left");
+        QCOMPARE(stroke->rotationAngle().degrees(), -180.0);
+        screen.tap("270°");
+        QCOMPARE(stroke->rotationAngle().degrees(), 270.0);
+        screen.tap("rotationBack");
+        screen.tap("Scale");
+        screen.tap("Scale up");
+        screen.tap("1.25x");
+        QCOMPARE(stroke->magnification(), 1.25);
+        screen.tap("scaleBack");
+        screen.tap("Done");
+        QTRY_VERIFY(!canvas->selectedLineImage());
+        // Turned upright, the stroke takes touches along its new course, not in its old box.
+        screen.tap(frame, QPointF(60, 140));
+        QTRY_VERIFY(!canvas->selectedLineImage());
+        screen.tap(frame, stroke->getCenterPoint() + QPointF(0, -100));
+        QTRY_COMPARE(canvas->selectedLineImage(), stroke);
+
+        screen.tap("Alignment");
+        screen.tap("Bottom trailing");
+        const QSizeF frameSize = canvas->imageFrameSize();
+        const QSizeF size = stroke->image().deviceIndependentSize();
+        QCOMPARE(stroke->offset(),
+                 QSizeF(frameSize.width() - size.width(), frameSize.height() - size.height()));
+        screen.tap("alignmentBack");
+        screen.tap("Delete");
+        QCOMPARE(canvas->lineImages(), QList<LineImagePtr>{text});
+        QCOMPARE(canvas->previousStateCount(), 3);
+        // Nothing shown is selected any more: the toolbar goes, and stays gone when undo brings the item
+        // back unselected, where it stood, unturned.
+        QTRY_VERIFY(!screen.isShown("transformToolbar"));
+        screen.tap("canvasUndoButton");
+        QCOMPARE(canvas->lineImages().size(), 2);
+        QVERIFY(!screen.isShown("transformToolbar"));
+        screen.tap(itemShowing(screen.view().rootObject(), canvas->lineImageViewModels().first()));
+        QTRY_VERIFY(screen.isShown("transformToolbar"));
+        screen.tap("Done");
+        stroke = canvas->lineImages()[0];
+        text = canvas->lineImages()[1];
+        QCOMPARE(stroke->offset(),
+                 QSizeF(frameSize.width() - size.width(), frameSize.height() - size.height()));
+        QCOMPARE(stroke->rotationAngle().degrees(), 0.0);
+        const QSizeF centred = text->offset();
+        // Brought back on the move page, the items should take gestures at once.
+        QEXPECT_FAIL("", "items undo brings back take no gesture until Move is tapped again", Continue);
+        QVERIFY(text->isTransformEnabled());
+        screen.tap("moveButton");
+
+        // The text moved with one finger, then pinched and turned with two.
         QQuickItem* textItem = itemShowing(screen.view().rootObject(), canvas->lineImageViewModels()[1]);
         QVERIFY(textItem);
         const QPointF middle(textItem->width() / 2, textItem->height() / 2);
@@ -145,8 +217,8 @@ private slots:
                      qPrintable(QString::number(text->rotationAngle().degrees())));
         QVERIFY(qAbs(text->magnification() - pinched) < 0.2 * pinched);
 
-        const QSizeF frame = canvas->imageFrameSize();
-        const qreal toImage = 1200.0 / frame.width();
+        const qreal toImage = 1200.0 / frameSize.width();
+        const QPointF strokeMiddle = stroke->getCenterPoint() * toImage;
         const QPointF textCentre = text->getCenterPoint() * toImage;
 
         screen.tap("acceptButton");
@@ -158,160 +230,14 @@ private slots:
         QCOMPARE(saved.size(), QSize(1200, 900));
         const QImage original(m_photo);
         // The stroke's middle is white in the saved file.
-        const QPoint strokeMiddle = (QPointF(80, 70) * toImage).toPoint();
-        const QRect strokeArea(strokeMiddle - QPoint(6, 6), QSize(13, 13));
+        const QRect strokeArea(strokeMiddle.toPoint() - QPoint(6, 6), QSize(13, 13));
         QVERIFY(whitePixels(saved, strokeArea) > 10 + whitePixels(original, strokeArea));
         // So is the text, where it was moved to.
         const QRect textArea(textCentre.toPoint() - QPoint(60, 20), QSize(120, 40));
         QVERIFY(whitePixels(saved, textArea) > 100 + whitePixels(original, textArea));
         // Far from both, the photo is untouched.
-        QCOMPARE(saved.copy(0, 800, 1200, 100).convertToFormat(QImage::Format_RGB32),
-                 original.copy(0, 800, 1200, 100).convertToFormat(QImage::Format_RGB32));
-    }
-
-    void transformToolbar_actsOnTheTappedItem()
-    {
-        EditorScreen screen(QuorvaneSdkImageEditorPreset(QUrl::fromLocalFile(m_photo)));
-        screen.tap("drawTab");
-        QVERIFY(screen.waitForToolPage());
-        CanvasViewModel* canvas = screen.editor()->canvas();
-        QTRY_VERIFY(canvas->isCropperSetup());
-        screen.drag(screen.find("drawingSurface"), QPointF(40, 40), QPointF(140, 120));
-        const LineImagePtr stroke = canvas->lineImages().first();
-        screen.tap("moveButton");
-        QVERIFY(!screen.isShown("Rotation"));
-
-        QQuickItem* item = itemShowing(screen.view().rootObject(), canvas->lineImageViewModels().first());
-        screen.tap(item);
-        QCOMPARE(canvas->selectedLineImage(), stroke);
-        QTRY_VERIFY(screen.isShown("Rotation"));
-
-        screen.tap("Rotation");
-        screen.tap("To left");
-        screen.tap("To left");
-        QCOMPARE(stroke->rotationAngle().degrees(), -180.0);
-        screen.tap("270°");
-        QCOMPARE(stroke->rotationAngle().degrees(), 270.0);
-        screen.tap("rotationBack");
-        screen.tap("Scale");
-        screen.tap("Scale up");
-        screen.tap("1.25x");
-        QCOMPARE(stroke->magnification(), 1.25);
-        screen.tap("scaleBack");
-        screen.tap("Alignment");
-        screen.tap("Bottom trailing");
-        const QSizeF frame = canvas->imageFrameSize();
-        const QSizeF size = stroke->image().deviceIndependentSize();
-        QCOMPARE(stroke->offset(), QSizeF(frame.width() - size.width(), frame.height() - size.height()));
-        screen.tap("alignmentBack");
-        screen.tap("Delete");
-        QVERIFY(canvas->lineImages().isEmpty());
-        QCOMPARE(canvas->previousStateCount(), 2);
-        // Nothing shown is selected any more: the toolbar goes, and stays gone when undo brings the item
-        // back unselected.
-        QTRY_VERIFY(!screen.isShown("transformToolbar"));
-        screen.tap("canvasUndoButton");
-        QCOMPARE(canvas->lineImages().size(), 1);
-        QVERIFY(!screen.isShown("transformToolbar"));
-        screen.tap(itemShowing(screen.view().rootObject(), canvas->lineImageViewModels().first()));
-        QTRY_VERIFY(screen.isShown("transformToolbar"));
-    }
-
-    // A turned item takes touches where it is drawn; of two items one above the other, the upper one does.
-    void touches_landOnTheItemAsDrawn_topmostFirst()
-    {
-        EditorScreen screen(QuorvaneSdkImageEditorPreset(QUrl::fromLocalFile(m_photo)));
-        CanvasViewModel* canvas = openCanvas(screen);
-        screen.touchDrag(screen.find("drawingSurface"), QPointF(40, 140), QPointF(300, 140));
-        screen.tap("textButton");
-        QTRY_VERIFY(screen.find("textField"));
-        for (const char letter : {'H', 'I'})
-            QTest::keyClick(&screen.view(), letter);
-        screen.tap("textConfirmButton");
-        QTRY_COMPARE(canvas->lineImages().size(), 2);
-        const LineImagePtr stroke = canvas->lineImages()[0];
-        const LineImagePtr text = canvas->lineImages()[1];
-        screen.tap("moveButton");
-        const QQuickItem* frame = screen.find("canvasFrame");
-
-        // Where the text lies over the stroke, the text is taken.
-        QVERIFY(stroke->pointIsInside(text->getCenterPoint()) && text->pointIsInside(text->getCenterPoint()));
-        screen.tap(frame, text->getCenterPoint());
-        QTRY_COMPARE(canvas->selectedLineImage(), text);
-        screen.tap(frame, text->getCenterPoint());
-        QTRY_VERIFY(!canvas->selectedLineImage());
-
-        // The stroke turned upright takes touches along its new course, not in its old box.
-        screen.tap(frame, QPointF(60, 140));
-        QTRY_COMPARE(canvas->selectedLineImage(), stroke);
-        screen.tap("Rotation");
-        screen.tap("To right");
-        screen.tap("rotationBack");
-        screen.tap("Done");
-        QTRY_VERIFY(!canvas->selectedLineImage());
-        const QPointF centre = stroke->getCenterPoint();
-        screen.tap(frame, QPointF(60, 140));
-        QTRY_VERIFY(!canvas->selectedLineImage());
-        screen.tap(frame, centre + QPointF(0, -100));
-        QTRY_COMPARE(canvas->selectedLineImage(), stroke);
-    }
-
-    // The colour rows open with the chosen swatch in sight, and a fade says that more lie beyond.
-    void colourRows_showTheChosenSwatch_andThatTheyScroll()
-    {
-        EditorScreen screen(QuorvaneSdkImageEditorPreset(QUrl::fromLocalFile(m_photo)));
-        CanvasViewModel* canvas = openCanvas(screen);
-        const auto inSight = [&](const QByteArray& swatch) {
-            const QQuickItem* item = screen.find(swatch.constData());
-            const QQuickItem* row = item->parentItem()->parentItem();
-            const QRectF shown = row->mapRectToScene(QRectF(QPointF(0, 0), row->size()));
-            return shown.contains(item->mapRectToScene(QRectF(QPointF(0, 0), item->size())));
-        };
-        const QByteArray white = QByteArray::number(CanvasViewModel::colorIndex(Qt::white));
-        QTRY_VERIFY(inSight("strokeColours" + white));
-        QVERIFY(screen.isShown("strokeColoursFadeStart") || screen.isShown("strokeColoursFadeEnd"));
-
-        screen.tap("textButton");
-        QTRY_VERIFY(canvas->isEnteringText() && screen.find(("textColours" + white).constData()));
-        QTRY_VERIFY(inSight("textColours" + white));
-    }
-
-    // In landscape the entry keeps its buttons clear; large bold capitals wrap within the picture, in the
-    // preview as on the canvas, with not a letter cut.
-    void textEntry_inLandscape_keepsItsButtonsClear_andPlacesTheTextAsPreviewed()
-    {
-        EditorScreen screen(QuorvaneSdkImageEditorPreset(QUrl::fromLocalFile(m_photo)), QSize(844, 390));
-        CanvasViewModel* canvas = openCanvas(screen);
-        screen.tap("textButton");
-        QTRY_VERIFY(screen.find("textPreview"));
-        QQuickTest::qWaitForPolish(&screen.view());
-        const auto shownRect = [&](const char* name) {
-            const QQuickItem* item = screen.find(name);
-            return item->mapRectToScene(QRectF(QPointF(0, 0), item->size()));
-        };
-        const QRectF window(QPointF(0, 0), screen.view().size());
-        for (const char* button : {"textCancelButton", "textConfirmButton"}) {
-            QVERIFY2(window.contains(shownRect(button)), button);
-            for (const char* other : {"textField", "italicToggle", "boldToggle", "uppercaseToggle",
-                                      "textSizeSlider", "textPreview"})
-                QVERIFY2(!shownRect(button).intersects(shownRect(other)), other);
-        }
-
-        for (const char letter : QByteArrayLiteral("Hello dragonfly on the hazel"))
-            QTest::keyClick(&screen.view(), letter);
-        screen.tap("boldToggle");
-        screen.tap("uppercaseToggle");
-        const QQuickItem* slider = screen.find("textSizeSlider");
-        screen.tap(slider, QPointF(slider->width() * 0.8, slider->height() / 2));
-        QTRY_VERIFY(slider->property("value").toReal() > 35);
-        const QImage previewed = screen.find("textPreview")->property("image").value<QImage>();
-        const QSizeF size = previewed.deviceIndependentSize();
-        QVERIFY2(size.width() <= canvas->imageFrameSize().width(), qPrintable(QString::number(size.width())));
-        // Two lines at least: it wrapped rather than ran off the picture.
-        QVERIFY(size.height() > 2 * slider->property("value").toReal());
-        screen.tap("textConfirmButton");
-        QTRY_COMPARE(canvas->lineImages().size(), 1);
-        QCOMPARE(canvas->lineImages()[0]->image(), previewed);
+        QCOMPARE(saved.copy(0, 0, 1200, 100).convertToFormat(QImage::Format_RGB32),
+                 original.copy(0, 0, 1200, 100).convertToFormat(QImage::Format_RGB32));
     }
 };
 
