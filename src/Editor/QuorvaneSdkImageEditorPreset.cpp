@@ -72,6 +72,11 @@ QuorvaneSdkImageEditorPreset::QuorvaneSdkImageEditorPreset(const QUrl& imageURL,
         m_sourceSha256 = std::move(loaded.sha256);
 }
 
+QString QuorvaneSdkImageEditorPreset::sourceSha256() const
+{
+    return m_sourceSha256.valid() ? m_sourceSha256.get() : QString();
+}
+
 QString QuorvaneSdkImageEditorPreset::setRecipe(const QByteArray& recipe)
 {
     if (!m_image)
@@ -80,7 +85,7 @@ QString QuorvaneSdkImageEditorPreset::setRecipe(const QByteArray& recipe)
     if (const auto* refusal = std::get_if<QString>(&read))
         return *refusal;
     const EditRecipe::Recipe& taken = std::get<EditRecipe::Recipe>(read);
-    if (QString refusal = EditRecipe::mismatch(taken.source, {m_image->size(), m_sourceSha256});
+    if (QString refusal = EditRecipe::mismatch(taken.source, {m_image->size(), sourceSha256()});
         !refusal.isEmpty())
         return refusal;
     m_recipeSteps = std::make_shared<const EditRecipe::StepList>(EditRecipe::StepList{taken.steps});

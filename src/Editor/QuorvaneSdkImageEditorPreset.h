@@ -6,6 +6,7 @@
 #include <QImage>
 #include <QSizeF>
 #include <QUrl>
+#include <future>
 #include <memory>
 #include <optional>
 
@@ -57,7 +58,7 @@ public:
 
     /// The SHA-256 of the file the image was loaded from, lower-case hexadecimal: which photo a recipe is
     /// for. Empty for a preset built from an image.
-    QString sourceSha256() const { return m_sourceSha256; }
+    QString sourceSha256() const;
 
     /// Opens the editor on this photo with a recipe's steps already made, each one a version the user can
     /// undo, as the session that wrote \a recipe left it. A recipe that cannot be read, or that was made for
@@ -78,6 +79,6 @@ private:
     QString m_loadFailure;
     QuorvaneSdkImageMetadataPolicy m_metadataPolicy;
     std::shared_ptr<const PhotoMetadata> m_metadata;
-    QString m_sourceSha256;
+    std::shared_future<QString> m_sourceSha256;
     std::shared_ptr<const EditRecipe::StepList> m_recipeSteps;
 };

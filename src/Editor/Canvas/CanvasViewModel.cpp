@@ -175,6 +175,8 @@ void CanvasViewModel::undoLastAction()
         }
         images.append(std::make_shared<LineImage>(saved->currentImageSize(), saved->image(), offset, Angle(),
                                                   1.0, saved->shape()));
+        // Brought back on the move page, an item takes gestures at once, as every item there does.
+        images.last()->setTransformEnabled(m_selectedOption == Option::transform);
     }
     setLineImages(std::move(images));
 }

@@ -318,7 +318,8 @@ ImageLoadResult loadImageFile(const QString& path, qint64 maxPixels)
         image.setDotsPerMeterX(2835);
         image.setDotsPerMeterY(2835);
     }
-    const QString sha256 =
-        QString::fromLatin1(QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex());
-    return {std::move(image), QString(), std::move(metadata), sha256};
+    std::shared_future<QString> sha256 = std::async(std::launch::async, [bytes] {
+        return QString::fromLatin1(QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex());
+    });
+    return {std::move(image), QString(), std::move(metadata), std::move(sha256)};
 }
