@@ -23,7 +23,7 @@ class tst_LineImage : public QObject
     Q_OBJECT
 
 private slots:
-    void mirror_followsTheItem_andWritesBackItsOwnFieldsAndGestures()
+    void viewModel_readsAndWritesTheItem_andAnnouncesItsChanges()
     {
         const LineImagePtr line = item();
         LineImageViewModel mirror(line);
@@ -35,10 +35,6 @@ private slots:
         QCOMPARE(mirror.offset(), QSizeF(20, 30));
         QVERIFY(mirror.isSelected());
         QVERIFY(mirror.isTransformEnabled());
-        QCOMPARE(mirrorOffsets.count(), 1);
-
-        // The same value again reaches the stream but not the mirror: the duplicate filter ends the echo.
-        line->setOffset(QSizeF(20, 30));
         QCOMPARE(mirrorOffsets.count(), 1);
 
         mirror.setMagnification(3.0);

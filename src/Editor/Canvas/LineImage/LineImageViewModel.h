@@ -5,9 +5,9 @@
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
 
-/// The on-screen mirror of one overlay item. Offset, turn and scale flow both ways; the two flags flow from
-/// the item only. Gestures show live values on screen and commit here when they end. A value that is not
-/// finite, given or reached by overflow, is ignored.
+/// One overlay item as the screen sees it: its values are the item's own, read and written through, and its
+/// signals the item's announcements. Gestures show live values on screen and commit here when they end. A
+/// value that is not finite, given or reached by overflow, is ignored.
 class LineImageViewModel : public QObject
 {
     Q_OBJECT
@@ -27,17 +27,17 @@ public:
     explicit LineImageViewModel(LineImagePtr line, QObject* parent = nullptr);
 
     const LineImagePtr& lineImage() const { return m_lineImage; }
-    QImage image() const { return m_image; }
-    QSizeF currentImageSize() const { return m_currentImageSize; }
-    QSizeF imageSize() const { return m_imageSize; }
-    QSizeF offset() const { return m_offset; }
+    QImage image() const { return m_lineImage->image(); }
+    QSizeF currentImageSize() const { return m_lineImage->currentImageSize(); }
+    QSizeF imageSize() const { return m_lineImage->image().deviceIndependentSize(); }
+    QSizeF offset() const { return m_lineImage->offset(); }
     void setOffset(QSizeF offset);
-    qreal rotationAngle() const { return m_rotationAngle; }
+    qreal rotationAngle() const { return m_lineImage->rotationAngle().degrees(); }
     void setRotationAngle(qreal degrees);
-    qreal magnification() const { return m_magnification; }
+    qreal magnification() const { return m_lineImage->magnification(); }
     void setMagnification(qreal magnification);
-    bool isTransformEnabled() const { return m_isTransformEnabled; }
-    bool isSelected() const { return m_isSelected; }
+    bool isTransformEnabled() const { return m_lineImage->isTransformEnabled(); }
+    bool isSelected() const { return m_lineImage->isSelected(); }
 
     /// The end of a drag that moved the item by \a translation.
     Q_INVOKABLE void endDrag(QSizeF translation);
@@ -55,12 +55,4 @@ signals:
 
 private:
     const LineImagePtr m_lineImage;
-    const QImage m_image;
-    const QSizeF m_currentImageSize;
-    const QSizeF m_imageSize;
-    QSizeF m_offset;
-    qreal m_rotationAngle;
-    qreal m_magnification;
-    bool m_isTransformEnabled;
-    bool m_isSelected;
 };
