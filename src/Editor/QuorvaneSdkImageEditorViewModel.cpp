@@ -65,11 +65,6 @@ QuorvaneSdkImageEditorResult makeResult(const QuorvaneSdkImageEditorPreset& pres
         if (auto resized = ImageHelpers::resized(resultImage, *newSize))
             resultImage = std::move(*resized);
     }
-    // The photo's density, which pages that make new images (the colour engine) do not carry along.
-    if (const auto& source = preset.image()) {
-        resultImage.setDotsPerMeterX(source->dotsPerMeterX());
-        resultImage.setDotsPerMeterY(source->dotsPerMeterY());
-    }
     std::optional<QUrl> url;
     try {
         url = saver.save(resultImage, preset.outputFormat(), preset.outputURL(), preset.metadata(),
@@ -110,12 +105,8 @@ void QuorvaneSdkImageEditorViewModel::setSavesInBackground(bool inBackground)
 
 void QuorvaneSdkImageEditorViewModel::deliver(const std::optional<QImage>& image)
 {
-    if (!image) {
-        emit completion(getResult(image));
-        return;
-    }
-    if (!m_savesInBackground) {
-        emit completion(makeResult(m_preset, *m_imageSaver, image, recipe()));
+    if (!m_savesInBackground || !image) {
+        emit completion(makeResult(m_preset, *m_imageSaver, image, image ? recipe() : QString()));
         return;
     }
     m_editor->setWorking(true);

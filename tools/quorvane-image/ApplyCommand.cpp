@@ -95,7 +95,7 @@ std::variant<ApplyOptions, UsageError, InfoRequest> parseApplyCommand(const QStr
     return ApplyOptions{positional[1], positional.mid(2), parser.value(outputDir), parser.isSet(anyPhoto)};
 }
 
-int runApplyCommand(const ApplyOptions& options, QTextStream& out, QTextStream& err, QTextStream* progress)
+int runApplyCommand(const ApplyOptions& options, QTextStream& out, QTextStream& err, bool showProgress)
 {
     QFile file(options.recipe);
     if (!file.open(QIODevice::ReadOnly)) {
@@ -157,16 +157,15 @@ int runApplyCommand(const ApplyOptions& options, QTextStream& out, QTextStream& 
     {
         std::unique_lock lock(mutex);
         while (done < count) {
-            if (progress) {
-                *progress << "\rapplying the recipe: " << done << " of " << count << " photos" << Qt::flush;
-            }
+            if (showProgress)
+                err << "\rapplying the recipe: " << done << " of " << count << " photos" << Qt::flush;
             finished.wait_for(lock, std::chrono::milliseconds(200));
         }
     }
     for (std::thread& thread : threads)
         thread.join();
-    if (progress)
-        *progress << "\r" << QString(60, u' ') << "\r" << Qt::flush;
+    if (showProgress)
+        err << "\r" << QString(60, u' ') << "\r" << Qt::flush;
 
     int worst = 0;
     qsizetype failed = 0;

@@ -59,6 +59,22 @@ bool onTerminal()
 #endif
 }
 
+// A usage error or --help/--version ends the program here; anything else is the command's to run.
+template <typename Options, typename Run>
+int runParsed(const std::variant<Options, UsageError, InfoRequest>& parsed, QTextStream& out,
+              QTextStream& err, Run run)
+{
+    if (const auto* usage = std::get_if<UsageError>(&parsed)) {
+        err << usage->sentence << "\n" << usageText();
+        return kExitUsage;
+    }
+    if (const auto* info = std::get_if<InfoRequest>(&parsed)) {
+        out << info->text;
+        return 0;
+    }
+    return run(std::get<Options>(parsed));
+}
+
 } // namespace
 
 int main(int argc, char* argv[])
@@ -88,28 +104,11 @@ int main(int argc, char* argv[])
     QTextStream out(stdout);
     QTextStream err(stderr);
 
-    if (applying) {
-        const auto parsed = parseApplyCommand(QCoreApplication::arguments().mid(1));
-        if (const auto* usage = std::get_if<UsageError>(&parsed)) {
-            err << usage->sentence << "\n" << usageText();
-            return kExitUsage;
-        }
-        if (const auto* info = std::get_if<InfoRequest>(&parsed)) {
-            out << info->text;
-            return 0;
-        }
-        QTextStream progress(stderr);
-        return runApplyCommand(std::get<ApplyOptions>(parsed), out, err, onTerminal() ? &progress : nullptr);
-    }
-
-    const auto parsed = parseEditCommand(QCoreApplication::arguments().mid(1));
-    if (const auto* usage = std::get_if<UsageError>(&parsed)) {
-        err << usage->sentence << "\n" << usageText();
-        return kExitUsage;
-    }
-    if (const auto* info = std::get_if<InfoRequest>(&parsed)) {
-        out << info->text;
-        return 0;
-    }
-    return runEditCommand(std::get<EditOptions>(parsed), out, err);
+    const QStringList arguments = QCoreApplication::arguments().mid(1);
+    if (applying)
+        return runParsed(parseApplyCommand(arguments), out, err, [&](const ApplyOptions& options) {
+            return runApplyCommand(options, out, err, onTerminal());
+        });
+    return runParsed(parseEditCommand(arguments), out, err,
+                     [&](const EditOptions& options) { return runEditCommand(options, out, err); });
 }

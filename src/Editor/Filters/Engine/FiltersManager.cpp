@@ -86,16 +86,22 @@ std::optional<QImage> FiltersManager::applyColorMatrix(const QImage& image, cons
     // What an 8-bit texture makes of NaN differs between GPUs: no answer is better than an arbitrary one.
     if (image.isNull() || !isFinite(matrix))
         return std::nullopt;
+    std::optional<QImage> result;
     if (m_gpu && image.width() <= m_gpu->maxTextureSize() && image.height() <= m_gpu->maxTextureSize()) {
         const auto input = m_gpu->loadTexture(image);
         const auto output = input ? m_gpu->applyColorMatrix(input, matrix) : nullptr;
-        if (auto result = output ? m_gpu->textureTo(output) : std::nullopt)
-            return result;
+        result = output ? m_gpu->textureTo(output) : std::nullopt;
         // A GPU that refuses the work (out of memory, device lost) must not cost the user the edit.
     }
-    QImage result = applyColorMatrixOnCpu(image, matrix);
-    if (result.isNull())
-        return std::nullopt;
+    if (!result) {
+        QImage computed = applyColorMatrixOnCpu(image, matrix);
+        if (computed.isNull())
+            return std::nullopt;
+        result = std::move(computed);
+    }
+    // A matrix changes colours, not how many pixels go to an inch.
+    result->setDotsPerMeterX(image.dotsPerMeterX());
+    result->setDotsPerMeterY(image.dotsPerMeterY());
     return result;
 }
 
