@@ -312,4 +312,12 @@ void HuffmanZlibStream::finish()
     m_out.append(char(m_adler >> 16));
     m_out.append(char(m_adler >> 8));
     m_out.append(char(m_adler));
+    m_position = m_out.size();
+}
+
+QByteArrayView HuffmanZlibStream::take()
+{
+    const QByteArrayView ready(m_out.constData(), m_position);
+    m_position = 0;
+    return ready;
 }

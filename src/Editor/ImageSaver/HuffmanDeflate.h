@@ -19,6 +19,10 @@ public:
     /// Ends the stream with its checksum. Call once, after the last block.
     void finish();
 
+    /// The bytes complete so far (from the start of the output), handed over: the next block reuses their
+    /// room, so that a long stream needs no more memory than a block. The view lasts until then.
+    QByteArrayView take();
+
 private:
     QByteArray& m_out;
     qsizetype m_position;

@@ -2,18 +2,14 @@
 
 #include "Error/QuorvaneSdkImageError.h"
 #include "ExifExport.h"
-#include "JpegMetadata.h"
+#include "JpegEncoder.h"
 #include "Logger/ImageLogger.h"
 #include "Logger/ModuleLog.h"
 #include "PngEncoder.h"
 
-#include <QBuffer>
 #include <QDir>
-#include <QImageWriter>
-#include <QSaveFile>
 #include <QStandardPaths>
 #include <QUuid>
-#include <algorithm>
 
 namespace {
 
@@ -26,31 +22,16 @@ QString fileExtension(const QuorvaneSdkImageOutputFormat& format)
 }
 
 // The profile goes with the pixels it describes: a grey profile never tags colour pixels.
-QByteArray fittingProfile(const QImage& image, const QByteArray& profile)
+QByteArray fittingProfile(QImage::Format format, const QByteArray& profile)
 {
     if (profile.isEmpty())
         return {};
-    const bool grey =
-        image.format() == QImage::Format_Grayscale8 || image.format() == QImage::Format_Grayscale16;
+    const bool grey = format == QImage::Format_Grayscale8 || format == QImage::Format_Grayscale16;
     if (iccProfileFits(profile, grey))
         return profile;
     qCWarning(quorvaneSdkImage, "The photo's colour profile is damaged or does not describe the edited "
                                 "pixels; the copy is written without it.");
     return {};
-}
-
-std::optional<QByteArray> encodeJpeg(const QImage& image, int compressionQuality)
-{
-    // The quality reaches us unclamped; the encoder takes 0...100.
-    const int quality = std::clamp(compressionQuality, 0, 100);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    QImageWriter writer(&buffer, "jpeg");
-    writer.setQuality(quality);
-    if (!writer.write(image))
-        return std::nullopt;
-    return bytes;
 }
 
 } // namespace
@@ -66,80 +47,53 @@ QUrl ImageSaverImp::save(const QImage& image, const QuorvaneSdkImageOutputFormat
                          const std::optional<QUrl>& outputURL, const PhotoMetadata& metadata,
                          const QuorvaneSdkImageMetadataPolicy& policy)
 {
-    const std::optional<QByteArray> data = getCompressImageData(image, outputFormat, metadata, policy);
-    if (!data) {
-        ImageLogger::shared().log(kTag, QStringLiteral("compress image failed"),
-                                  SharedQuorvaneSdkLogSeverity::error);
-        throw QuorvaneSdkImageError(QuorvaneSdkImageError::unableToCompressImage);
-    }
-    const QUrl url = outputURL ? *outputURL : getOutputURL(outputFormat);
-    try {
-        saveImageDataToLocalURL(*data, url);
-    } catch (const QuorvaneSdkImageError& error) {
-        ImageLogger::shared().log(kTag, QStringLiteral("save image data to local failed"),
-                                  SharedQuorvaneSdkLogSeverity::error);
-        throw QuorvaneSdkImageError(QuorvaneSdkImageError::unableToSaveCroppedImage, error.reason());
-    }
-    return url;
+    WholeImageBands bands(image);
+    return save(bands, outputFormat, outputURL, metadata, policy);
 }
 
-std::optional<QByteArray>
-ImageSaverImp::getCompressImageData(const QImage& image, const QuorvaneSdkImageOutputFormat& outputFormat,
-                                    const PhotoMetadata& metadata,
-                                    const QuorvaneSdkImageMetadataPolicy& policy)
+QUrl ImageSaverImp::save(ImageBands& bands, const QuorvaneSdkImageOutputFormat& outputFormat,
+                         const std::optional<QUrl>& outputURL, const PhotoMetadata& metadata,
+                         const QuorvaneSdkImageMetadataPolicy& policy)
 {
-    if (image.isNull())
-        return std::nullopt;
+    const auto failed = [](QuorvaneSdkImageError::Code code, const char* message, const QString& reason) {
+        ImageLogger::shared().log(kTag, QString::fromLatin1(message), SharedQuorvaneSdkLogSeverity::error);
+        return QuorvaneSdkImageError(code, reason);
+    };
+    const ImageBands::Shape& shape = bands.shape();
+    if (shape.size.isEmpty())
+        throw failed(QuorvaneSdkImageError::unableToCompressImage, "compress image failed", {});
+    const QUrl url = outputURL ? *outputURL : getOutputURL(outputFormat);
+    if (!url.isLocalFile())
+        throw failed(QuorvaneSdkImageError::unableToSaveCroppedImage, "save image data to local failed",
+                     QStringLiteral("not a local file"));
+    FileSink file(url.toLocalFile());
+    if (!file.open())
+        throw failed(QuorvaneSdkImageError::unableToSaveCroppedImage, "save image data to local failed",
+                     file.error());
+
     const QByteArray software = "Quorvane SDK Image " + ImageLogger::shared().moduleVersion().toUtf8();
-    const ExifExport exif = exportedExif(metadata.exif, policy, image.size(), software,
-                                         outputFormat.kind() == QuorvaneSdkImageOutputFormat::Kind::jpg);
+    const bool jpeg = outputFormat.kind() == QuorvaneSdkImageOutputFormat::Kind::jpg;
+    const ExifExport exif = exportedExif(metadata.exif, policy, shape.size, software, jpeg);
     if (metadata.damaged || exif.damaged)
         qCWarning(quorvaneSdkImage, "Part of the photo's metadata could not be read; the copy is written "
                                     "without it.");
-    const QByteArray profile = fittingProfile(image, metadata.iccProfile);
-    switch (outputFormat.kind()) {
-    case QuorvaneSdkImageOutputFormat::Kind::jpg: {
-        const auto jpeg = encodeJpeg(image, outputFormat.compressionQuality());
-        if (!jpeg)
-            return std::nullopt;
-        return withJpegMetadata(*jpeg, exif.tiff, profile);
-    }
-    case QuorvaneSdkImageOutputFormat::Kind::png:
-        return encodePng(image, profile, exif.tiff);
-    }
-    return std::nullopt;
+    const QByteArray profile = fittingProfile(shape.format, metadata.iccProfile);
+    const bool encoded = jpeg ? writeJpeg(bands, outputFormat.compressionQuality(), exif.tiff, profile, file)
+                              : writePng(bands, profile, exif.tiff, file);
+    // A failure of the file, rather than of the pixels, is a failure to save.
+    if (!file.error().isEmpty())
+        throw failed(QuorvaneSdkImageError::unableToSaveCroppedImage, "save image data to local failed",
+                     file.error());
+    if (!encoded)
+        throw failed(QuorvaneSdkImageError::unableToCompressImage, "compress image failed", {});
+    if (!file.commit())
+        throw failed(QuorvaneSdkImageError::unableToSaveCroppedImage, "save image data to local failed",
+                     file.error());
+    return url;
 }
 
 QUrl ImageSaverImp::getOutputURL(const QuorvaneSdkImageOutputFormat& outputFormat)
 {
     const QString name = QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
     return ::outputURL(name, fileExtension(outputFormat));
-}
-
-void ImageSaverImp::saveImageDataToLocalURL(const QByteArray& data, const QUrl& url)
-{
-    // Written beside the destination and renamed over it only when complete, so a failed or interrupted
-    // write never leaves a partial file and never destroys the file that was there.
-    if (!url.isLocalFile())
-        throw QuorvaneSdkImageError(QuorvaneSdkImageError::unableToSaveCroppedImage,
-                                    QStringLiteral("not a local file"));
-    // The log record stays the same whatever the cause; the reason travels with the error for a caller
-    // that can show it.
-    const auto failed = [](const QSaveFile& file) {
-        return QuorvaneSdkImageError(QuorvaneSdkImageError::unableToSaveCroppedImage,
-                                     file.error() == QFileDevice::NoError ? QString() : file.errorString());
-    };
-    QSaveFile file(url.toLocalFile());
-    // Unbuffered: Qt 6.4's commit() renames a file whose buffered bytes did not all reach the disk.
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        throw failed(file);
-    // A full disk first shows as a short write with no error; only the next write says why.
-    for (qint64 written = 0; written < data.size();) {
-        const qint64 count = file.write(data.constData() + written, data.size() - written);
-        if (count <= 0)
-            throw failed(file);
-        written += count;
-    }
-    if (!file.commit())
-        throw failed(file);
 }

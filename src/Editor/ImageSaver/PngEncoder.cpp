@@ -119,12 +119,20 @@ bool isFormat64(QImage::Format format)
 class RowSource
 {
 public:
-    explicit RowSource(const QImage& image)
-        : m_image(image)
-        , m_bandRows(int(std::clamp<qsizetype>(kBandBytes / std::max<qsizetype>(1, image.bytesPerLine()), 1,
-                                               std::max(1, image.height()))))
+    explicit RowSource(ImageBands& bands)
+        : m_bands(bands)
+        , m_width(bands.shape().size.width())
+        , m_height(bands.shape().size.height())
     {
-        const QImage::Format format = image.format();
+        const QImage::Format format = bands.shape().format;
+        const qsizetype bytesPerLine =
+            std::max<qsizetype>(1, qsizetype(m_width) * QImage::toPixelFormat(format).bitsPerPixel() / 8);
+        m_bandRows = int(std::clamp<qsizetype>(kBandBytes / bytesPerLine, 1, std::max(1, m_height)));
+        const QList<QRgb>& table = bands.shape().colorTable;
+        const bool hasAlpha =
+            table.isEmpty()
+                ? QImage::toPixelFormat(format).alphaUsage() == QPixelFormat::UsesAlpha
+                : std::any_of(table.cbegin(), table.cend(), [](QRgb c) { return qAlpha(c) != 255; });
         if (format == QImage::Format_Grayscale8 || format == QImage::Format_Grayscale16) {
             m_channels = 1;
             m_bytesPerSample = format == QImage::Format_Grayscale16 ? 2 : 1;
@@ -133,7 +141,7 @@ public:
         if (isFormat64(format)) {
             m_bytesPerSample = 2;
             // A premultiplied pixel has the alpha of its straight one.
-            if (!image.hasAlphaChannel() || isOpaque64(image)) {
+            if (!hasAlpha || allBands(QImage::Format_Invalid, isOpaque64)) {
                 m_unpack64 = true;
             } else {
                 m_channels = 4;
@@ -144,10 +152,10 @@ public:
         }
         const bool is32 = isFormat32(format);
         const bool opaque =
-            !image.hasAlphaChannel() || (is32 ? isOpaque32(image) : isOpaqueInStraightAlpha());
+            !hasAlpha || allBands(is32 ? QImage::Format_Invalid : QImage::Format_ARGB32, isOpaque32);
         if (is32 && opaque) {
             m_unpack32 = true;
-        } else if (!image.hasAlphaChannel()) {
+        } else if (!hasAlpha) {
             m_bandFormat = QImage::Format_RGB888;
         } else if (opaque) {
             m_bandFormat = QImage::Format_ARGB32;
@@ -160,34 +168,28 @@ public:
 
     int channels() const { return m_channels; }
     int bitDepth() const { return 8 * m_bytesPerSample; }
-    qsizetype rowBytes() const { return qsizetype(m_image.width()) * m_channels * m_bytesPerSample; }
+    qsizetype rowBytes() const { return qsizetype(m_width) * m_channels * m_bytesPerSample; }
 
-    // Rows are asked for top to bottom; false when a band cannot be converted.
+    // Rows are asked for top to bottom; false when a band cannot be made.
     bool row(int y, uchar* out)
     {
-        const uchar* in = nullptr;
-        if (m_bandFormat == QImage::Format_Invalid) {
-            in = m_image.constScanLine(y);
-        } else {
-            if (y < m_bandTop || y >= m_bandTop + m_band.height()) {
-                m_bandTop = y;
-                m_band = band(y, m_bandFormat);
-                if (m_band.isNull())
-                    return false;
-            }
-            in = m_band.constScanLine(y - m_bandTop);
+        if (y < m_bandTop || y >= m_bandTop + m_band.height()) {
+            m_bandTop = y;
+            m_band = band(y, m_bandFormat);
+            if (m_band.isNull())
+                return false;
         }
-        const int width = m_image.width();
+        const uchar* in = m_band.constScanLine(y - m_bandTop);
         if (m_unpack32) {
             const auto* pixels = reinterpret_cast<const QRgb*>(in);
-            for (int x = 0; x < width; ++x) {
+            for (int x = 0; x < m_width; ++x) {
                 out[3 * x] = uchar(qRed(pixels[x]));
                 out[3 * x + 1] = uchar(qGreen(pixels[x]));
                 out[3 * x + 2] = uchar(qBlue(pixels[x]));
             }
         } else if (m_unpack64) {
             const auto* pixels = reinterpret_cast<const QRgba64*>(in);
-            for (int x = 0; x < width; ++x) {
+            for (int x = 0; x < m_width; ++x) {
                 qToBigEndian(pixels[x].red(), out + 6 * x);
                 qToBigEndian(pixels[x].green(), out + 6 * x + 2);
                 qToBigEndian(pixels[x].blue(), out + 6 * x + 4);
@@ -203,23 +205,28 @@ public:
 private:
     static constexpr qsizetype kBandBytes = qsizetype(1) << 20;
 
-    QImage band(int top, QImage::Format format) const
+    // Rows from top in format, or in the bands' own format when it is Format_Invalid.
+    QImage band(int top, QImage::Format format)
     {
-        const int rows = std::min(m_bandRows, m_image.height() - top);
-        return m_image.copy(0, top, m_image.width(), rows).convertToFormat(format);
+        const QImage rows = m_bands.band(top, std::min(m_bandRows, m_height - top));
+        return format == QImage::Format_Invalid || rows.isNull() ? rows : rows.convertToFormat(format);
     }
 
-    bool isOpaqueInStraightAlpha() const
+    // Whether every band, in format, passes test: a look at the whole picture before its first row is
+    // written, one band at a time.
+    bool allBands(QImage::Format format, bool (*test)(const QImage&))
     {
-        for (int top = 0; top < m_image.height(); top += m_bandRows) {
-            const QImage straight = band(top, QImage::Format_ARGB32);
-            if (straight.isNull() || !isOpaque32(straight))
+        for (int top = 0; top < m_height; top += m_bandRows) {
+            const QImage rows = band(top, format);
+            if (rows.isNull() || !test(rows))
                 return false;
         }
         return true;
     }
 
-    QImage m_image;
+    ImageBands& m_bands;
+    int m_width = 0;
+    int m_height = 0;
     int m_bandRows = 1;
     QImage::Format m_bandFormat = QImage::Format_Invalid;
     QImage m_band;
@@ -242,81 +249,105 @@ uchar colourType(int channels)
     }
 }
 
-std::optional<QByteArray> encode(const QImage& image, const std::function<void(QByteArray&)>& ancillary)
+bool encode(ImageBands& bands, const std::function<void(QByteArray&)>& ancillary, ByteSink& sink)
 {
-    if (image.isNull())
-        return std::nullopt;
-    RowSource source(image);
+    const QSize size = bands.shape().size;
+    if (size.isEmpty())
+        return false;
+    RowSource source(bands);
 
     std::array<uchar, 13> header{};
-    putBigEndian(header.data(), quint32(image.width()));
-    putBigEndian(header.data() + 4, quint32(image.height()));
+    putBigEndian(header.data(), quint32(size.width()));
+    putBigEndian(header.data() + 4, quint32(size.height()));
     header[8] = uchar(source.bitDepth());
     header[9] = colourType(source.channels());
 
     static constexpr char kSignature[] = "\x89PNG\r\n\x1a\n";
-    QByteArray png;
-    const qsizetype rowBytes = source.rowBytes();
-    const qsizetype stride = rowBytes + 1;
-    // Photographs come out near 40 % of their raw size; the stream grows if they do not.
-    png.reserve(stride * image.height() / 2 + 1024);
-    png.append(kSignature, 8);
-    appendChunk(png, "IHDR", header.data(), quint32(header.size()));
-    ancillary(png);
-
-    // The IDAT chunk is written in place: length and checksum are filled in at the end.
-    const qsizetype idatStart = png.size();
-    png.append(8, '\0');
-    HuffmanZlibStream stream(png);
+    QByteArray head(kSignature, 8);
+    appendChunk(head, "IHDR", header.data(), quint32(header.size()));
+    ancillary(head);
+    // The IDAT chunk's length is known only at its end: written as a placeholder, filled in then.
+    const qint64 idatStart = sink.position() + head.size();
+    head.append(8, '\0');
+    std::memcpy(head.data() + head.size() - 4, "IDAT", 4);
+    if (!sink.write(head))
+        return false;
+    quint32 crc = quint32(crc32_z(0, reinterpret_cast<const uchar*>("IDAT"), 4));
+    qint64 idatLength = 0;
+    QByteArray compressed;
+    HuffmanZlibStream stream(compressed);
+    const auto drain = [&] {
+        const QByteArrayView done = stream.take();
+        crc = quint32(crc32_z(crc, reinterpret_cast<const uchar*>(done.data()), size_t(done.size())));
+        idatLength += done.size();
+        return sink.write(done);
+    };
 
     // Filtered rows gather into blocks of about kBlockBytes; each block gets its own Huffman tables, which
     // follow the picture as it changes from sky to foliage.
+    const qsizetype rowBytes = source.rowBytes();
+    const qsizetype stride = rowBytes + 1;
     const int rowsPerBlock = int(std::max<qsizetype>(1, kBlockBytes / stride));
     std::vector<uchar> block(static_cast<size_t>(stride * rowsPerBlock));
     std::vector<uchar> previous(static_cast<size_t>(rowBytes), 0);
     std::vector<uchar> current(static_cast<size_t>(rowBytes));
     int rowsInBlock = 0;
-    for (int y = 0; y < image.height(); ++y) {
+    for (int y = 0; y < size.height(); ++y) {
         if (!source.row(y, current.data()))
-            return std::nullopt;
+            return false;
         uchar* out = block.data() + qsizetype(rowsInBlock) * stride;
         out[0] = kFilterUp;
         for (qsizetype i = 0; i < rowBytes; ++i)
             out[1 + i] = uchar(current[size_t(i)] - previous[size_t(i)]);
         std::swap(current, previous);
-        if (++rowsInBlock == rowsPerBlock || y + 1 == image.height()) {
-            stream.addBlock(block.data(), size_t(rowsInBlock * stride), y + 1 == image.height());
+        if (++rowsInBlock == rowsPerBlock || y + 1 == size.height()) {
+            stream.addBlock(block.data(), size_t(rowsInBlock * stride), y + 1 == size.height());
             rowsInBlock = 0;
+            if (!drain())
+                return false;
         }
     }
     stream.finish();
+    if (!drain() || idatLength > 0x7FFFFFFF)
+        return false;
 
-    const qsizetype idatLength = png.size() - idatStart - 8;
-    if (idatLength > 0x7FFFFFFF)
-        return std::nullopt;
-    auto* idat = reinterpret_cast<uchar*>(png.data()) + idatStart;
-    putBigEndian(idat, quint32(idatLength));
-    std::memcpy(idat + 4, "IDAT", 4);
-    std::array<uchar, 4> crc{};
-    putBigEndian(crc.data(), quint32(crc32_z(0, idat + 4, size_t(idatLength) + 4)));
-    png.append(reinterpret_cast<const char*>(crc.data()), 4);
-    appendChunk(png, "IEND", nullptr, 0);
-    return png;
+    std::array<uchar, 4> field{};
+    putBigEndian(field.data(), quint32(idatLength));
+    if (!sink.overwrite(idatStart, reinterpret_cast<const char*>(field.data()), 4))
+        return false;
+    putBigEndian(field.data(), crc);
+    QByteArray tail(reinterpret_cast<const char*>(field.data()), 4);
+    appendChunk(tail, "IEND", nullptr, 0);
+    return sink.write(tail);
 }
 
 } // namespace
 
-std::optional<QByteArray> encodePng(const QImage& image)
+bool writePng(ImageBands& bands, ByteSink& sink)
 {
-    return encode(image, [&image](QByteArray& png) { appendColourSpace(png, image.colorSpace()); });
+    const QColorSpace space = bands.shape().colorSpace;
+    return encode(
+        bands, [&space](QByteArray& png) { appendColourSpace(png, space); }, sink);
 }
 
-std::optional<QByteArray> encodePng(const QImage& image, QByteArrayView iccProfile, QByteArrayView exif)
+bool writePng(ImageBands& bands, QByteArrayView iccProfile, QByteArrayView exif, ByteSink& sink)
 {
-    return encode(image, [iccProfile, exif](QByteArray& png) {
-        if (!iccProfile.isEmpty())
-            appendIccProfile(png, iccProfile);
-        if (!exif.isEmpty())
-            appendChunk(png, "eXIf", reinterpret_cast<const uchar*>(exif.data()), quint32(exif.size()));
-    });
+    return encode(
+        bands,
+        [iccProfile, exif](QByteArray& png) {
+            if (!iccProfile.isEmpty())
+                appendIccProfile(png, iccProfile);
+            if (!exif.isEmpty())
+                appendChunk(png, "eXIf", reinterpret_cast<const uchar*>(exif.data()), quint32(exif.size()));
+        },
+        sink);
+}
+
+std::optional<QByteArray> encodePng(const QImage& image)
+{
+    WholeImageBands bands(image);
+    BufferSink sink;
+    if (image.isNull() || !writePng(bands, sink))
+        return std::nullopt;
+    return sink.take();
 }
