@@ -1,6 +1,8 @@
 #include "ApplyCommand.h"
 
-#include "Editor/QuorvaneSdkImageEditorViewModel.h"
+#include "Editor/Helpers/ImageLoader.h"
+#include "Editor/ImageSaver/ImageSaverImp.h"
+#include "Editor/Recipe/Rendering.h"
 #include "Editor/Recipe/Replay.h"
 #include "ToolCommon.h"
 
@@ -34,29 +36,30 @@ Outcome applyTo(const EditRecipe::Recipe& recipe, const QString& input, const QS
     const QUrl outputURL = QUrl::fromLocalFile(output);
     if (const QString problem = destinationProblem(output); !problem.isEmpty())
         return {QuorvaneSdkImageError::unableToSaveCroppedImage, writeFailure(outputURL, problem), {}};
-    const QuorvaneSdkImageEditorPreset preset(QUrl::fromLocalFile(QFileInfo(input).absoluteFilePath()),
-                                              format, outputURL, recipe.output.resize);
-    if (!preset.hasImage())
-        return {QuorvaneSdkImageError::invalidFile, preset.loadFailure(), {}};
+    const ImageLoadResult loaded =
+        loadImageFile(QFileInfo(input).absoluteFilePath(), kMaxInputPixels, PixelOrder::AsStored);
+    if (!loaded.image)
+        return {QuorvaneSdkImageError::invalidFile, loaded.failure, {}};
+    const EditRecipe::StoredPhoto photo{*loaded.image, loaded.orientation};
     if (const QString refusal =
-            EditRecipe::mismatch(recipe.source, {preset.image()->size(), preset.sourceSha256()});
+            EditRecipe::mismatch(recipe.source, {EditRecipe::uprightSize(photo), loaded.sha256.get()});
         !anyPhoto && !refusal.isEmpty())
         return {kExitBadRecipe, refusal + QStringLiteral(" Give --any-photo to apply it all the same."), {}};
-    auto replayed = EditRecipe::replayed(*preset.image(), recipe.steps);
-    if (const auto* refusal = std::get_if<QString>(&replayed))
-        return {kExitBadRecipe, *refusal, {}};
-    const auto saver = std::make_shared<RecordingImageSaver>();
-    // The session's own way from the editor's image to the file: resize, encode, metadata, write.
-    QuorvaneSdkImageEditorViewModel session(preset, saver);
-    const QuorvaneSdkImageEditorResult result = session.getResult(std::get<QImage>(replayed));
-    if (saver->failure) {
-        return {saver->failure->code(),
-                saver->failure->code() == QuorvaneSdkImageError::unableToCompressImage
+    auto made = EditRecipe::rendered(photo, recipe.steps, recipe.output.resize);
+    if (const auto* refusal = std::get_if<QuorvaneSdkImageError>(&made))
+        return {kExitBadRecipe, refusal->reason(), {}};
+    // The session's own way from the editor's picture to the file: encode, metadata, write.
+    try {
+        ImageSaverImp().save(*std::get<std::unique_ptr<ImageBands>>(made), format, outputURL, loaded.metadata,
+                             {});
+    } catch (const QuorvaneSdkImageError& error) {
+        return {error.code(),
+                error.code() == QuorvaneSdkImageError::unableToCompressImage
                     ? QStringLiteral("Cannot encode the image in the recipe's format.")
-                    : writeFailure(outputURL, saver->failure->reason()),
+                    : writeFailure(outputURL, error.reason()),
                 {}};
     }
-    return {0, {}, result.editedImageURL()->toLocalFile()};
+    return {0, {}, output};
 }
 
 } // namespace

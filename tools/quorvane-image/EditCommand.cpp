@@ -1,10 +1,10 @@
 #include "EditCommand.h"
 #include "ToolCommon.h"
 
-#include "Editor/Cropper/Engine/ImageCropperImp.h"
 #include "Editor/Helpers/ImageHelpers.h"
+#include "Editor/Helpers/ImageLoader.h"
 #include "Editor/ImageSaver/ImageSaverImp.h"
-#include "Editor/QuorvaneSdkImageEditorViewModel.h"
+#include "Editor/Recipe/Rendering.h"
 #include "Editor/Recipe/Replay.h"
 #include "Error/QuorvaneSdkImageError.h"
 
@@ -73,16 +73,15 @@ std::optional<ColorMatrix> parseColor(const QString& text, std::array<double, 5>
     return matrix;
 }
 
-// The edit as the steps a recipe keeps, in the order they are made.
-QList<EditRecipe::Step> stepsOf(const EditOptions& options, const QImage& image)
+// The edit as the steps a recipe keeps, in the order they are made, for an upright photo of size pixels.
+QList<EditRecipe::Step> stepsOf(const EditOptions& options, QSize size)
 {
     QList<EditRecipe::Step> steps;
     if (options.crop || options.rotateDegrees != 0.0 || options.flipHorizontal || options.flipVertical) {
-        const QSizeF size = image.deviceIndependentSize();
-        const QRect rect = options.crop.value_or(QRect(0, 0, int(size.width()), int(size.height())));
-        steps.append(EditRecipe::cropStep({image, rect.x(), rect.y(), rect.width(), rect.height(),
-                                           Angle::degrees(options.rotateDegrees), options.flipHorizontal,
-                                           options.flipVertical}));
+        const QRect rect = options.crop.value_or(QRect(QPoint(0, 0), size));
+        steps.append(EditRecipe::cropStep(QSizeF(size), {QImage(), rect.x(), rect.y(), rect.width(),
+                                                         rect.height(), Angle::degrees(options.rotateDegrees),
+                                                         options.flipHorizontal, options.flipVertical}));
     }
     if (options.color) {
         EditRecipe::Color color;
@@ -276,46 +275,52 @@ int runEditCommand(const EditOptions& options, QTextStream& out, QTextStream& er
             return kExitUsage;
         }
     }
-    QuorvaneSdkImageEditorPreset preset(QUrl::fromLocalFile(QFileInfo(options.input).absoluteFilePath()),
-                                        options.format, outputURL, options.resize);
-    preset.setMetadataPolicy(options.metadata);
-    if (!preset.hasImage()) {
-        err << "Cannot load the input image: " << preset.loadFailure() << "\n";
+    // As stored: the turn upright is made in the same pass as the cut.
+    const ImageLoadResult loaded =
+        loadImageFile(QFileInfo(options.input).absoluteFilePath(), kMaxInputPixels, PixelOrder::AsStored);
+    if (!loaded.image) {
+        err << "Cannot load the input image: " << loaded.failure << "\n";
         return QuorvaneSdkImageError::invalidFile;
     }
-
-    const auto saver = std::make_shared<RecordingImageSaver>();
-    QuorvaneSdkImageEditorViewModel session(preset, saver);
-    std::optional<QImage> image = session.image();
-    const QList<EditRecipe::Step> steps = stepsOf(options, *image);
-    // Cut through the recipe's own step, so that replaying the recipe makes the same cut.
-    if (const auto* crop = steps.isEmpty() ? nullptr : std::get_if<EditRecipe::Crop>(&steps.first())) {
-        const QSizeF size = image->deviceIndependentSize();
-        try {
-            image = ImageCropperImp().crop(EditRecipe::cropInput(*image, *crop));
-        } catch (const QuorvaneSdkImageError& error) {
-            if (error.code() == QuorvaneSdkImageError::invalidCropRange)
-                err << "The crop rectangle does not lie inside the " << size.width() << "×" << size.height()
-                    << " point image.\n";
-            else
-                err << "The crop rectangle holds no pixels.\n";
-            return error.code();
-        }
+    const EditRecipe::StoredPhoto photo{*loaded.image, loaded.orientation};
+    const QSize upright = EditRecipe::uprightSize(photo);
+    const QList<EditRecipe::Step> steps = stepsOf(options, upright);
+    // The recipe's own steps make the edit, so that replaying the recipe makes the same picture. A GPU
+    // colours the picture whole; the CPU's engine colours it a band at a time.
+    const bool onGpu = filters && filters->engine() == FiltersManager::Engine::Gpu;
+    const QList<EditRecipe::Step> banded = onGpu ? steps.first(steps.size() - 1) : steps;
+    auto made = EditRecipe::rendered(photo, banded, onGpu ? std::nullopt : options.resize);
+    if (const auto* error = std::get_if<QuorvaneSdkImageError>(&made)) {
+        if (error->code() == QuorvaneSdkImageError::invalidCropRange)
+            err << "The crop rectangle does not lie inside the " << upright.width() << "×" << upright.height()
+                << " point image.\n";
+        else if (error->code() == QuorvaneSdkImageError::unableToCropImage)
+            err << "The crop rectangle holds no pixels.\n";
+        else
+            err << error->reason() << "\n";
+        return error->code();
     }
-    if (filters) {
-        image = filters->applyColorMatrix(*image, *options.color);
+    std::unique_ptr<ImageBands> bands = std::get<std::unique_ptr<ImageBands>>(std::move(made));
+    if (onGpu) {
+        std::optional<QImage> image = filters->applyColorMatrix(EditRecipe::whole(*bands), *options.color);
         if (!image) {
             err << "The colour matrix could not be applied to the image.\n";
             return kExitColorFailed;
         }
+        if (options.resize) {
+            if (auto resized = ImageHelpers::resized(*image, *options.resize))
+                image = std::move(*resized);
+        }
+        bands = std::make_unique<WholeImageBands>(*image);
     }
-    const QuorvaneSdkImageEditorResult result = session.getResult(image);
-    if (saver->failure) {
-        if (saver->failure->code() == QuorvaneSdkImageError::unableToCompressImage)
+    try {
+        ImageSaverImp().save(*bands, options.format, outputURL, loaded.metadata, options.metadata);
+    } catch (const QuorvaneSdkImageError& error) {
+        if (error.code() == QuorvaneSdkImageError::unableToCompressImage)
             err << "Cannot encode the image in the requested format.\n";
         else
-            err << writeFailure(outputURL, saver->failure->reason()) << "\n";
-        return saver->failure->code();
+            err << writeFailure(outputURL, error.reason()) << "\n";
+        return error.code();
     }
     if (options.recipe) {
         EditRecipe::Output output{options.format.kind() == QuorvaneSdkImageOutputFormat::Kind::png
@@ -324,14 +329,13 @@ int runEditCommand(const EditOptions& options, QTextStream& out, QTextStream& er
                                   options.format.compressionQuality(), options.resize};
         QSaveFile file(*options.recipe);
         if (!file.open(QIODevice::WriteOnly) ||
-            file.write(EditRecipe::toJson({{preset.image()->size(), preset.sourceSha256()}, steps, output})) <
-                0 ||
+            file.write(EditRecipe::toJson({{upright, loaded.sha256.get()}, steps, output})) < 0 ||
             !file.commit()) {
             err << "Cannot write the recipe \"" << QFileInfo(*options.recipe).absoluteFilePath()
                 << "\": " << file.errorString() << ".\n";
             return QuorvaneSdkImageError::unableToSaveCroppedImage;
         }
     }
-    out << result.editedImageURL()->toLocalFile() << "\n";
+    out << outputURL.toLocalFile() << "\n";
     return 0;
 }

@@ -2,18 +2,6 @@
 
 #include <QFileInfo>
 
-QUrl RecordingImageSaver::save(const QImage& image, const QuorvaneSdkImageOutputFormat& outputFormat,
-                               const std::optional<QUrl>& outputURL, const PhotoMetadata& metadata,
-                               const QuorvaneSdkImageMetadataPolicy& policy)
-{
-    try {
-        return m_saver.save(image, outputFormat, outputURL, metadata, policy);
-    } catch (const QuorvaneSdkImageError& error) {
-        failure = error;
-        throw;
-    }
-}
-
 std::optional<QuorvaneSdkImageOutputFormat::Kind> formatNamedBy(const QString& path)
 {
     const QString suffix = QFileInfo(path).suffix().toLower();

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "Editor/ImageSaver/ImageSaverImp.h"
 #include "Editor/QuorvaneSdkImageOutputFormat.h"
 #include "Error/QuorvaneSdkImageError.h"
 
@@ -9,19 +8,8 @@
 #include <QUrl>
 #include <optional>
 
-/// Remembers the saver's failure, which the session deliberately swallows, for the exit code.
-class RecordingImageSaver final : public ImageSaver
-{
-public:
-    QUrl save(const QImage& image, const QuorvaneSdkImageOutputFormat& outputFormat,
-              const std::optional<QUrl>& outputURL, const PhotoMetadata& metadata,
-              const QuorvaneSdkImageMetadataPolicy& policy) override;
-
-    std::optional<QuorvaneSdkImageError> failure;
-
-private:
-    ImageSaverImp m_saver;
-};
+/// The most pixels an input may hold: the editor's own default.
+constexpr qint64 kMaxInputPixels = 100'000'000;
 
 /// The format a name's extension promises, when it is one of ours.
 std::optional<QuorvaneSdkImageOutputFormat::Kind> formatNamedBy(const QString& path);

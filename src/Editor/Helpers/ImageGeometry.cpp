@@ -106,7 +106,9 @@ void copyPixels(const uchar* rowStart, qsizetype step, qsizetype rowStep, bool s
     }
 }
 
-bool copiesWholeBytes(const QImage& image)
+} // namespace
+
+bool walksWholePixels(const QImage& image)
 {
     switch (image.depth()) {
     case 8:
@@ -121,7 +123,76 @@ bool copiesWholeBytes(const QImage& image)
     }
 }
 
-} // namespace
+PixelWalk pixelWalk(const QRect& pixels, int quarterTurns, bool mirrorLeftRight, bool mirrorTopBottom)
+{
+    const int turns = ((quarterTurns % 4) + 4) % 4;
+    const int w = pixels.width();
+    const int h = pixels.height();
+    PixelWalk walk;
+    walk.size = turns % 2 == 1 ? QSize(h, w) : QSize(w, h);
+    // Where the turned image's (u, v) comes from in the cut, before the mirrors.
+    switch (turns) {
+    case 0:
+        walk.origin = {0, 0}, walk.du = {1, 0}, walk.dv = {0, 1};
+        break;
+    case 1:
+        walk.origin = {0, h - 1}, walk.du = {0, -1}, walk.dv = {1, 0};
+        break;
+    case 2:
+        walk.origin = {w - 1, h - 1}, walk.du = {-1, 0}, walk.dv = {0, -1};
+        break;
+    default:
+        walk.origin = {w - 1, 0}, walk.du = {0, 1}, walk.dv = {-1, 0};
+        break;
+    }
+    if (mirrorLeftRight) {
+        walk.origin += walk.du * (walk.size.width() - 1);
+        walk.du = -walk.du;
+    }
+    if (mirrorTopBottom) {
+        walk.origin += walk.dv * (walk.size.height() - 1);
+        walk.dv = -walk.dv;
+    }
+    walk.origin += pixels.topLeft();
+    return walk;
+}
+
+PixelWalk composed(const PixelWalk& inner, const PixelWalk& outer)
+{
+    const auto through = [&inner](QPoint step) { return inner.du * step.x() + inner.dv * step.y(); };
+    return {inner.origin + through(outer.origin), through(outer.du), through(outer.dv), outer.size};
+}
+
+void cutWalked(const QImage& image, const PixelWalk& walk, int top, QImage& band)
+{
+    const qsizetype bytes = image.depth() / 8;
+    const qsizetype stride = image.bytesPerLine();
+    const qsizetype step = walk.du.x() * bytes + walk.du.y() * stride;
+    const qsizetype rowStep = walk.dv.x() * bytes + walk.dv.y() * stride;
+    const QPoint first = walk.origin + walk.dv * top;
+    const uchar* rowStart = image.constBits() + first.x() * bytes + first.y() * stride;
+    const bool sideways = walk.du.y() != 0;
+    switch (bytes) {
+    case 1:
+        copyPixels<1>(rowStart, step, rowStep, sideways, band);
+        break;
+    case 2:
+        copyPixels<2>(rowStart, step, rowStep, sideways, band);
+        break;
+    case 3:
+        copyPixels<3>(rowStart, step, rowStep, sideways, band);
+        break;
+    case 4:
+        copyPixels<4>(rowStart, step, rowStep, sideways, band);
+        break;
+    case 8:
+        copyPixels<8>(rowStart, step, rowStep, sideways, band);
+        break;
+    default:
+        copyPixels<16>(rowStart, step, rowStep, sideways, band);
+        break;
+    }
+}
 
 std::optional<QImage> rotate(const QImage& image, double radians)
 {
@@ -156,7 +227,7 @@ std::optional<QImage> cutTurnedAndMirrored(const QImage& image, const QRect& pix
     const int turns = ((quarterTurns % 4) + 4) % 4;
     if (turns == 0 && !mirrorLeftRight && !mirrorTopBottom && pixels == image.rect())
         return image;
-    if (!copiesWholeBytes(image)) {
+    if (!walksWholePixels(image)) {
         // Pixels smaller than a byte: Qt's own steps.
         QImage result = turnedExactly(image.copy(pixels), turns).mirrored(mirrorLeftRight, mirrorTopBottom);
         if (result.isNull())
@@ -164,73 +235,16 @@ std::optional<QImage> cutTurnedAndMirrored(const QImage& image, const QRect& pix
         keepMetadata(result, image);
         return result;
     }
-    const int w = pixels.width();
-    const int h = pixels.height();
-    const bool sideways = turns % 2 == 1;
-    QImage result = newImage(sideways ? QSize(h, w) : QSize(w, h), image.format());
+    // Destination pixel (u, v) reads source pixel origin + u·du + v·dv: the cut, the turn and the mirrors
+    // composed into one affine walk over whole pixels.
+    const PixelWalk walk = pixelWalk(pixels, turns, mirrorLeftRight, mirrorTopBottom);
+    QImage result = newImage(walk.size, image.format());
     if (result.isNull())
         return std::nullopt;
     keepMetadata(result, image);
     if (image.colorCount() > 0)
         result.setColorTable(image.colorTable());
-
-    // Destination pixel (u, v) reads source pixel origin + u·du + v·dv: the cut, the turn and the mirrors
-    // composed into one affine walk over whole pixels.
-    const int outW = result.width();
-    const int outH = result.height();
-    // Where the turned image's (u, v) comes from in the cut, before the mirrors.
-    QPoint origin;
-    QPoint du;
-    QPoint dv;
-    switch (turns) {
-    case 0:
-        origin = {0, 0}, du = {1, 0}, dv = {0, 1};
-        break;
-    case 1:
-        origin = {0, h - 1}, du = {0, -1}, dv = {1, 0};
-        break;
-    case 2:
-        origin = {w - 1, h - 1}, du = {-1, 0}, dv = {0, -1};
-        break;
-    default:
-        origin = {w - 1, 0}, du = {0, 1}, dv = {-1, 0};
-        break;
-    }
-    if (mirrorLeftRight) {
-        origin += du * (outW - 1);
-        du = -du;
-    }
-    if (mirrorTopBottom) {
-        origin += dv * (outH - 1);
-        dv = -dv;
-    }
-    origin += pixels.topLeft();
-
-    const qsizetype bytes = image.depth() / 8;
-    const qsizetype stride = image.bytesPerLine();
-    const qsizetype step = du.x() * bytes + du.y() * stride;
-    const qsizetype rowStep = dv.x() * bytes + dv.y() * stride;
-    const uchar* rowStart = image.constBits() + origin.x() * bytes + origin.y() * stride;
-    switch (bytes) {
-    case 1:
-        copyPixels<1>(rowStart, step, rowStep, sideways, result);
-        break;
-    case 2:
-        copyPixels<2>(rowStart, step, rowStep, sideways, result);
-        break;
-    case 3:
-        copyPixels<3>(rowStart, step, rowStep, sideways, result);
-        break;
-    case 4:
-        copyPixels<4>(rowStart, step, rowStep, sideways, result);
-        break;
-    case 8:
-        copyPixels<8>(rowStart, step, rowStep, sideways, result);
-        break;
-    default:
-        copyPixels<16>(rowStart, step, rowStep, sideways, result);
-        break;
-    }
+    cutWalked(image, walk, 0, result);
     return result;
 }
 

@@ -29,6 +29,30 @@ std::optional<QImage> cutTurnedAndMirrored(const QImage& image, const QRect& pix
 std::optional<QImage> cutRotatedAndMirrored(const QImage& image, const QRect& pixels, double radians,
                                             bool mirrorLeftRight, bool mirrorTopBottom);
 
+/// Where each pixel of a cut, turned and mirrored picture comes from: pixel (u, v) of the \a size result is
+/// pixel origin + u·du + v·dv of the source.
+struct PixelWalk
+{
+    QPoint origin;
+    QPoint du;
+    QPoint dv;
+    QSize size;
+};
+
+/// The walk of cutTurnedAndMirrored(): \a pixels of a source, turned \a quarterTurns clockwise, then
+/// mirrored in the turned picture's axes.
+PixelWalk pixelWalk(const QRect& pixels, int quarterTurns, bool mirrorLeftRight, bool mirrorTopBottom);
+
+/// The walk that makes \a outer of the picture \a inner makes: one pass for both.
+PixelWalk composed(const PixelWalk& inner, const PixelWalk& outer);
+
+/// Whether cutWalked() can read \a image: pixels of whole bytes.
+bool walksWholePixels(const QImage& image);
+
+/// Rows [top, top + band.height()) of what \a walk makes of \a image, written into \a band (the walk's width,
+/// the image's format). The walk must stay inside the image and its pixels be whole bytes.
+void cutWalked(const QImage& image, const PixelWalk& walk, int top, QImage& band);
+
 /// A redrawn, non-opaque copy of \a image at the screen's scale, or \a image itself if that fails.
 QImage copy(const QImage& image);
 

@@ -107,7 +107,11 @@ std::optional<QImage> flattened(const QImage& base, const Overlays& overlays)
 
 Crop cropStep(const QuorvaneSdkImageCropInput& input)
 {
-    const QSizeF size = input.image.deviceIndependentSize();
+    return cropStep(input.image.deviceIndependentSize(), input);
+}
+
+Crop cropStep(QSizeF size, const QuorvaneSdkImageCropInput& input)
+{
     const double degrees = input.rotation.degrees();
     const double quarters = std::round(degrees / 90);
     Crop crop;

@@ -28,6 +28,9 @@ QString mismatch(const Fingerprint& made, const Fingerprint& photo);
 /// The step a crop request of the cropper makes.
 Crop cropStep(const QuorvaneSdkImageCropInput& input);
 
+/// The step the request \a input makes of a picture of \a size points, whatever image it holds.
+Crop cropStep(QSizeF size, const QuorvaneSdkImageCropInput& input);
+
 /// The crop request \a crop makes of \a image: the same request cropStep() was made from, for the same image.
 QuorvaneSdkImageCropInput cropInput(const QImage& image, const Crop& crop);
 

@@ -83,10 +83,10 @@ void transform(RowFunction row, const QImage& in, QImage& out, const ColorMatrix
 
 } // namespace
 
-QImage applyColorMatrixOnCpu(const QImage& image, const ColorMatrix& matrix)
+bool applyColorMatrixOnCpu(const QImage& image, const ColorMatrix& matrix, QImage& out)
 {
-    if (image.isNull())
-        return {};
+    if (image.isNull() || out.size() != image.size() || out.format() != QImage::Format_RGBA8888_Premultiplied)
+        return false;
     // The 32-bit formats photos arrive in are read where they lie; anything else is first brought to the
     // bytes the GPU is given.
     QImage in = image;
@@ -95,15 +95,22 @@ QImage applyColorMatrixOnCpu(const QImage& image, const ColorMatrix& matrix)
     if (!argb32 && format != QImage::Format_RGBA8888_Premultiplied) {
         in = image.convertToFormat(QImage::Format_RGBA8888_Premultiplied);
         if (in.isNull())
-            return {};
+            return false;
     }
-    QImage out = ImageHelpers::newImage(in.size(), QImage::Format_RGBA8888_Premultiplied);
-    if (out.isNull())
-        return {};
     const uchar alphaMask = format == QImage::Format_RGB32 ? 0xFF : 0;
     const RowFunction row = !argb32                                         ? rowsRgba
                             : QSysInfo::ByteOrder == QSysInfo::LittleEndian ? rowsBgra
                                                                             : rowsArgb;
     transform(row, in, out, matrix, alphaMask);
+    return true;
+}
+
+QImage applyColorMatrixOnCpu(const QImage& image, const ColorMatrix& matrix)
+{
+    if (image.isNull())
+        return {};
+    QImage out = ImageHelpers::newImage(image.size(), QImage::Format_RGBA8888_Premultiplied);
+    if (out.isNull() || !applyColorMatrixOnCpu(image, matrix, out))
+        return {};
     return out;
 }
