@@ -110,7 +110,6 @@ private slots:
         QImageReader reader(written);
         QCOMPARE(reader.format(), format);
         QCOMPARE(reader.size(), size);
-        QVERIFY(run.err.contains(QStringLiteral("initialize image editor")));
         const QVariantMap tags = ExifTool::tagsOf(written);
         QCOMPARE(tags.contains(QStringLiteral("IFD0:Make")),
                  !options.contains(QStringLiteral("--strip-metadata")));
@@ -177,11 +176,10 @@ private slots:
                                        << "does not exist" << QString() << 0;
         QTest::newRow("crop outside the image")
             << QStringList{"edit", photo, "--crop", "100,0,21,80", "--output", out} << 3
-            << "does not lie inside"
-            << "error ImageCropperImp: invalid crop range" << 0;
+            << "does not lie inside" << QString() << 0;
         QTest::newRow("crop of zero width")
             << QStringList{"edit", photo, "--crop", "10,10,0,20", "--output", out} << 4 << "no pixels"
-            << "error ImageCropperImp: crop image failed" << 0;
+            << QString() << 0;
         // JPEG cannot hold 70000 pixels across, so encoding fails.
         QTest::newRow("image too wide for JPEG")
             << QStringList{"edit", photo, "--resize", "70000x10", "--output", out} << 5
