@@ -39,8 +39,6 @@ Input inputFor(const ImageBands::Shape& shape)
     switch (shape.format) {
     case QImage::Format_Grayscale8:
         return {JCS_GRAYSCALE, 1, QImage::Format_Invalid};
-    case QImage::Format_Grayscale16:
-        return {JCS_GRAYSCALE, 1, QImage::Format_Grayscale8};
     case QImage::Format_Mono:
     case QImage::Format_MonoLSB:
     case QImage::Format_Indexed8:
@@ -56,8 +54,6 @@ Input inputFor(const ImageBands::Shape& shape)
         return {QSysInfo::ByteOrder == QSysInfo::LittleEndian ? JCS_EXT_BGRX : JCS_EXT_XRGB, 4,
                 QImage::Format_Invalid};
     case QImage::Format_RGBX8888:
-    case QImage::Format_RGBA8888_Premultiplied:
-        // Over black, premultiplied channels are the opaque ones.
         return {JCS_EXT_RGBX, 4, QImage::Format_Invalid};
     default:
         return {QSysInfo::ByteOrder == QSysInfo::LittleEndian ? JCS_EXT_BGRX : JCS_EXT_XRGB, 4,

@@ -60,6 +60,11 @@ private slots:
         QVERIFY2(loaded.image, qPrintable(loaded.failure));
         QCOMPARE(loaded.image->size(), upright.size());
         QVERIFY(quartersMatch(*loaded.image, upright, 8));
+        // Asked as stored, the pixels and their orientation make the same picture.
+        const ImageLoadResult asStored = loadImageFile(path, 1'000'000, PixelOrder::AsStored);
+        QCOMPARE(asStored.image->size(), stored.size());
+        QCOMPARE(asStored.orientation, orientation);
+        QCOMPARE(turnedUpright(*asStored.image, asStored.orientation), loaded.image);
     }
 
     void goodFiles_decodeAsAPlainReaderDoes_data()

@@ -1,10 +1,13 @@
 #include "Editor/ImageSaver/ImageSaverImp.h"
+#include "Editor/ImageSaver/JpegEncoder.h"
 #include "Error/QuorvaneSdkImageError.h"
 #include "LogRecorder.h"
 #include "TestImages.h"
 
+#include <QBuffer>
 #include <QDir>
 #include <QImageReader>
+#include <QImageWriter>
 #include <QRegularExpression>
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -33,6 +36,18 @@ public:
 private:
     rlimit m_previous{};
 };
+
+// The pixels of image in format alone: no colour space, text or density of the file they came from, which
+// Qt's writer would add segments for.
+QImage bare(const QImage& image, QImage::Format format)
+{
+    const QImage converted = image.convertToFormat(format);
+    QImage copy(converted.size(), format);
+    for (int y = 0; y < copy.height(); ++y)
+        std::memcpy(copy.scanLine(y), converted.constScanLine(y), size_t(copy.bytesPerLine()));
+    copy.setColorTable(converted.colorTable());
+    return copy;
+}
 
 } // namespace
 
@@ -95,6 +110,59 @@ private slots:
                 QDir(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)).absolutePath());
             QVERIFY2(uuidName.match(file.fileName()).hasMatch(), qPrintable(file.fileName()));
         }
+    }
+
+    // Our encoder streams rows where Qt's writer took the whole image; files must not change.
+    void streamedJpeg_isQtsWriterByteForByte_data()
+    {
+        QTest::addColumn<QImage>("image");
+        QTest::addColumn<int>("quality");
+        // Odd sizes leave partial blocks at the right and bottom edges.
+        const QImage photo = QImage(photoPath()).copy(10, 10, 203, 149);
+        QImage translucent = photo.convertToFormat(QImage::Format_ARGB32);
+        for (int y = 0; y < 60; ++y)
+            for (int x = 0; x < translucent.width(); ++x)
+                translucent.setPixel(x, y, (translucent.pixel(x, y) & 0xFFFFFF) | uint(x % 256) << 24);
+        const auto row = [](const char* name, const QImage& image, int quality = 90) {
+            QTest::newRow(name) << image << quality;
+        };
+        row("RGB32", bare(photo, QImage::Format_RGB32));
+        row("RGB32 q0", bare(photo, QImage::Format_RGB32), 0);
+        row("RGB32 q100", bare(photo, QImage::Format_RGB32), 100);
+        row("ARGB32 translucent", bare(translucent, QImage::Format_ARGB32));
+        row("ARGB32 premultiplied", bare(translucent, QImage::Format_ARGB32_Premultiplied));
+        row("RGBA8888 translucent", bare(translucent, QImage::Format_RGBA8888));
+        row("RGBA8888 premultiplied", bare(translucent, QImage::Format_RGBA8888_Premultiplied));
+        row("RGBX8888", bare(photo, QImage::Format_RGBX8888));
+        row("RGB888", bare(photo, QImage::Format_RGB888));
+        row("RGBA64", bare(translucent, QImage::Format_RGBA64));
+        row("grey", bare(photo, QImage::Format_Grayscale8));
+        row("grey 16", bare(photo, QImage::Format_Grayscale16));
+        row("palette", bare(photo, QImage::Format_Indexed8));
+        row("grey palette", bare(bare(photo, QImage::Format_Grayscale8), QImage::Format_Indexed8));
+        row("mono", bare(photo, QImage::Format_Mono));
+        QImage dense = bare(photo, QImage::Format_RGB32);
+        dense.setDotsPerMeterX(3937); // 100 a centimetre: stated in centimetres
+        dense.setDotsPerMeterY(2835); // 72 an inch
+        row("mixed density", dense);
+    }
+
+    void streamedJpeg_isQtsWriterByteForByte()
+    {
+        QFETCH(QImage, image);
+        QFETCH(int, quality);
+        QByteArray qt;
+        QBuffer buffer(&qt);
+        buffer.open(QIODevice::WriteOnly);
+        QImageWriter writer(&buffer, "jpeg");
+        writer.setQuality(quality);
+        QVERIFY(writer.write(image));
+
+        WholeImageBands bands(image);
+        BufferSink ours;
+        QVERIFY(writeJpeg(bands, quality, {}, {}, ours));
+
+        QCOMPARE(ours.take(), qt);
     }
 
     void jpegQuality_outOfRange_isClamped()

@@ -1,5 +1,6 @@
 #include "Editor/Filters/Engine/ColorMatrix.h"
 #include "Editor/QuorvaneSdkImageEditorViewModel.h"
+#include "Editor/Recipe/Rendering.h"
 #include "Editor/Recipe/Replay.h"
 #include "TestImages.h"
 
@@ -243,6 +244,12 @@ private slots:
             << dragonfly << QList<Step>{Crop{QRectF(0, 0, 1, 1), 0, 12.5, false, false}}
             << QByteArray("89c4eba5ddf4c1fc");
         QTest::newRow("photo: colour") << dragonfly << QList<Step>{color} << QByteArray("f7dd33442b4e1e0c");
+        QTest::newRow("photo: cut, turn, then colour")
+            << dragonfly << QList<Step>{Crop{QRectF(0.25, 0.125, 0.5, 0.75), 1, 0, false, true}, color}
+            << QByteArray("c1f3a983943e9790");
+        QTest::newRow("photo: colour, then cut and turn")
+            << dragonfly << QList<Step>{color, Crop{QRectF(0.25, 0.125, 0.5, 0.75), 1, 0, false, true}}
+            << QByteArray("c1f3a983943e9790");
         QTest::newRow("photo: strokes at scale 2")
             << dragonfly << QList<Step>{strokes(2)} << QByteArray("e02708f8f116971e");
         QTest::newRow("wide gamut: strokes after a cut")
@@ -258,6 +265,17 @@ private slots:
         const auto replayedImage = replayed(photo, steps);
         QVERIFY(std::holds_alternative<QImage>(replayedImage));
         QCOMPARE(pixelHash(std::get<QImage>(replayedImage)), hash);
+
+        // Rendered a band at a time, as the tool writes it, from the photo as each orientation stores it.
+        for (int orientation : {1, 5, 6, 8}) {
+            StoredPhoto stored{TestImages::displayed(photo, TestImages::inverseOrientation(orientation)),
+                               orientation};
+            stored.pixels.setColorSpace(photo.colorSpace());
+            auto bands = rendered(stored, steps);
+            QVERIFY(std::holds_alternative<std::unique_ptr<ImageBands>>(bands));
+            QVERIFY2(pixelHash(whole(*std::get<std::unique_ptr<ImageBands>>(bands))) == hash,
+                     qPrintable(QStringLiteral("orientation %1").arg(orientation)));
+        }
     }
 };
 
