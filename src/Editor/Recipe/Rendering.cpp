@@ -163,8 +163,8 @@ rendered(const StoredPhoto& photo, const QList<Step>& steps, std::optional<QSize
 
     // The rest is made whole, as the editor makes it.
     QImage image;
-    const bool untouched = walk.origin == QPoint(0, 0) && walk.du == QPoint(1, 0) && walk.dv == QPoint(0, 1) &&
-                           walk.size == pixels.size() && !colour;
+    const bool untouched = walk.origin == QPoint(0, 0) && walk.du == QPoint(1, 0) &&
+                           walk.dv == QPoint(0, 1) && walk.size == pixels.size() && !colour;
     if (untouched) {
         image = pixels;
     } else if (banded) {
