@@ -36,14 +36,16 @@ Outcome applyTo(const EditRecipe::Recipe& recipe, const QString& input, const QS
     const QUrl outputURL = QUrl::fromLocalFile(output);
     if (const QString problem = destinationProblem(output); !problem.isEmpty())
         return {QuorvaneSdkImageError::unableToSaveCroppedImage, writeFailure(outputURL, problem), {}};
-    const ImageLoadResult loaded =
-        loadImageFile(QFileInfo(input).absoluteFilePath(), kMaxInputPixels, PixelOrder::AsStored);
+    const ImageLoadResult loaded = loadImageFile(QFileInfo(input).absoluteFilePath(), kMaxInputPixels,
+                                                 PixelOrder::AsStored, Fingerprint::WhenAsked);
     if (!loaded.image)
         return {QuorvaneSdkImageError::invalidFile, loaded.failure, {}};
     const EditRecipe::StoredPhoto photo{*loaded.image, loaded.orientation};
     if (const QString refusal =
-            EditRecipe::mismatch(recipe.source, {EditRecipe::uprightSize(photo), loaded.sha256.get()});
-        !anyPhoto && !refusal.isEmpty())
+            anyPhoto
+                ? QString()
+                : EditRecipe::mismatch(recipe.source, {EditRecipe::uprightSize(photo), loaded.sha256.get()});
+        !refusal.isEmpty())
         return {kExitBadRecipe, refusal + QStringLiteral(" Give --any-photo to apply it all the same."), {}};
     auto made = EditRecipe::rendered(photo, recipe.steps, recipe.output.resize);
     if (const auto* refusal = std::get_if<QuorvaneSdkImageError>(&made))

@@ -276,8 +276,8 @@ int runEditCommand(const EditOptions& options, QTextStream& out, QTextStream& er
         }
     }
     // As stored: the turn upright is made in the same pass as the cut.
-    const ImageLoadResult loaded =
-        loadImageFile(QFileInfo(options.input).absoluteFilePath(), kMaxInputPixels, PixelOrder::AsStored);
+    const ImageLoadResult loaded = loadImageFile(QFileInfo(options.input).absoluteFilePath(), kMaxInputPixels,
+                                                 PixelOrder::AsStored, Fingerprint::WhenAsked);
     if (!loaded.image) {
         err << "Cannot load the input image: " << loaded.failure << "\n";
         return QuorvaneSdkImageError::invalidFile;

@@ -250,7 +250,8 @@ std::optional<QImage> turnedUpright(const QImage& stored, int orientation)
                                               turn.mirrorTopBottom);
 }
 
-ImageLoadResult loadImageFile(const QString& path, qint64 maxPixels, PixelOrder order)
+ImageLoadResult loadImageFile(const QString& path, qint64 maxPixels, PixelOrder order,
+                              Fingerprint fingerprint)
 {
     if (maxPixels < 1)
         return failed(QStringLiteral("No image fits a pixel limit of %1.").arg(maxPixels));
@@ -364,7 +365,8 @@ ImageLoadResult loadImageFile(const QString& path, qint64 maxPixels, PixelOrder 
         image.setDotsPerMeterX(2835);
         image.setDotsPerMeterY(2835);
     }
-    std::shared_future<QString> sha256 = std::async(std::launch::async, [bytes] {
+    const auto policy = fingerprint == Fingerprint::InBackground ? std::launch::async : std::launch::deferred;
+    std::shared_future<QString> sha256 = std::async(policy, [bytes] {
         return QString::fromLatin1(QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex());
     });
     return {std::move(image), QString(), std::move(metadata), std::move(sha256), orientation};

@@ -32,7 +32,12 @@ enum class PixelOrder { Upright, AsStored };
 /// images, truncated, corrupt, that declare more than \a maxPixels pixels or do not tell their size before
 /// decoding (MNG animations among them) yield no image and a reason; nothing larger than the limit is
 /// allocated.
-ImageLoadResult loadImageFile(const QString& path, qint64 maxPixels, PixelOrder order = PixelOrder::Upright);
+/// When the file's SHA-256 is worked out: on a thread of its own from the start (a session shows the photo
+/// meanwhile), or by the first get() (a command that may never ask for it).
+enum class Fingerprint { InBackground, WhenAsked };
+
+ImageLoadResult loadImageFile(const QString& path, qint64 maxPixels, PixelOrder order = PixelOrder::Upright,
+                              Fingerprint fingerprint = Fingerprint::InBackground);
 
 /// The orientation \a orientation (EXIF 1 to 8) as a walk: the upright picture's pixels in the stored ones of
 /// size \a stored.
