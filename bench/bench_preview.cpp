@@ -1,10 +1,12 @@
-// What a quarter turn costs on screen with a big photo: the preview fits the turned frame again; and how long
-// the screen stops drawing while CROP makes its result, off the GUI thread and, as the peer, on it. The photo
-// comes from QUORVANE_BENCH_PHOTO (bench/big-photos prepares a 48-megapixel one).
+// What a quarter turn costs on screen with a big photo: the preview fits the turned frame again; how long
+// the screen stops drawing while CROP makes its result, off the GUI thread and, as the peer, on it; and what
+// CONTINUE writes after the last page. The photo comes from QUORVANE_BENCH_PHOTO (bench/big-photos prepares a
+// 48-megapixel one).
 #include "BenchPhoto.h"
 #include "Editor/Common/ImagePreview.h"
 #include "Editor/Cropper/CropperViewModel.h"
 #include "Editor/Cropper/Engine/ImageCropperImp.h"
+#include "Editor/ImageSaver/ImageSaverImp.h"
 
 #include <QElapsedTimer>
 #include <QGuiApplication>
@@ -89,8 +91,19 @@ void longestFrameGapDuringCrop(benchmark::State& state)
     state.counters["crop ms"] = work / double(state.iterations());
 }
 
+// CONTINUE's work on the pool thread: the edited picture encoded as JPEG q90, streamed into its file.
+void continueWritesJpeg(benchmark::State& state)
+{
+    const QUrl url = QUrl::fromLocalFile(qEnvironmentVariable("QUORVANE_BENCH_OUT") +
+                                         QStringLiteral("/continue.jpg"));
+    ImageSaverImp saver;
+    for (auto _ : state)
+        saver.save(benchPhoto(), QuorvaneSdkImageOutputFormat::jpg(90), url);
+}
+
 } // namespace
 
+BENCHMARK(continueWritesJpeg)->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(longestFrameGapDuringCrop)->Arg(1)->Arg(0)->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(refitAfterTurn)->Unit(benchmark::kMillisecond)->MinTime(2.0);
 
