@@ -94,8 +94,8 @@ void longestFrameGapDuringCrop(benchmark::State& state)
 // CONTINUE's work on the pool thread: the edited picture encoded as JPEG q90, streamed into its file.
 void continueWritesJpeg(benchmark::State& state)
 {
-    const QUrl url = QUrl::fromLocalFile(qEnvironmentVariable("QUORVANE_BENCH_OUT") +
-                                         QStringLiteral("/continue.jpg"));
+    const QUrl url =
+        QUrl::fromLocalFile(qEnvironmentVariable("QUORVANE_BENCH_OUT") + QStringLiteral("/continue.jpg"));
     ImageSaverImp saver;
     for (auto _ : state)
         saver.save(benchPhoto(), QuorvaneSdkImageOutputFormat::jpg(90), url);

@@ -36,18 +36,20 @@ Outcome applyTo(const EditRecipe::Recipe& recipe, const QString& input, const QS
     const QUrl outputURL = QUrl::fromLocalFile(output);
     if (const QString problem = destinationProblem(output); !problem.isEmpty())
         return {QuorvaneSdkImageError::unableToSaveCroppedImage, writeFailure(outputURL, problem), {}};
-    const ImageLoadResult loaded = loadImageFile(QFileInfo(input).absoluteFilePath(), kMaxInputPixels,
-                                                 PixelOrder::AsStored, Fingerprint::WhenAsked);
+    ImageLoadResult loaded = loadImageFile(QFileInfo(input).absoluteFilePath(), kMaxInputPixels,
+                                           PixelOrder::AsStored, Fingerprint::WhenAsked);
     if (!loaded.image)
         return {QuorvaneSdkImageError::invalidFile, loaded.failure, {}};
-    const EditRecipe::StoredPhoto photo{*loaded.image, loaded.orientation};
+    // Handed on whole: a free turn lets the photo go once it has read it.
+    EditRecipe::StoredPhoto photo{std::move(*loaded.image), loaded.orientation};
+    loaded.image.reset();
     if (const QString refusal =
             anyPhoto
                 ? QString()
                 : EditRecipe::mismatch(recipe.source, {EditRecipe::uprightSize(photo), loaded.sha256.get()});
         !refusal.isEmpty())
         return {kExitBadRecipe, refusal + QStringLiteral(" Give --any-photo to apply it all the same."), {}};
-    auto made = EditRecipe::rendered(photo, recipe.steps, recipe.output.resize);
+    auto made = EditRecipe::rendered(std::move(photo), recipe.steps, recipe.output.resize);
     if (const auto* refusal = std::get_if<QuorvaneSdkImageError>(&made))
         return {kExitBadRecipe, refusal->reason(), {}};
     // The session's own way from the editor's picture to the file: encode, metadata, write.

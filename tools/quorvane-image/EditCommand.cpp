@@ -276,20 +276,22 @@ int runEditCommand(const EditOptions& options, QTextStream& out, QTextStream& er
         }
     }
     // As stored: the turn upright is made in the same pass as the cut.
-    const ImageLoadResult loaded = loadImageFile(QFileInfo(options.input).absoluteFilePath(), kMaxInputPixels,
-                                                 PixelOrder::AsStored, Fingerprint::WhenAsked);
+    ImageLoadResult loaded = loadImageFile(QFileInfo(options.input).absoluteFilePath(), kMaxInputPixels,
+                                           PixelOrder::AsStored, Fingerprint::WhenAsked);
     if (!loaded.image) {
         err << "Cannot load the input image: " << loaded.failure << "\n";
         return QuorvaneSdkImageError::invalidFile;
     }
-    const EditRecipe::StoredPhoto photo{*loaded.image, loaded.orientation};
+    // Handed on whole: a free turn lets the photo go once it has read it.
+    EditRecipe::StoredPhoto photo{std::move(*loaded.image), loaded.orientation};
+    loaded.image.reset();
     const QSize upright = EditRecipe::uprightSize(photo);
     const QList<EditRecipe::Step> steps = stepsOf(options, upright);
     // The recipe's own steps make the edit, so that replaying the recipe makes the same picture. A GPU
     // colours the picture whole; the CPU's engine colours it a band at a time.
     const bool onGpu = filters && filters->engine() == FiltersManager::Engine::Gpu;
     const QList<EditRecipe::Step> banded = onGpu ? steps.first(steps.size() - 1) : steps;
-    auto made = EditRecipe::rendered(photo, banded, onGpu ? std::nullopt : options.resize);
+    auto made = EditRecipe::rendered(std::move(photo), banded, onGpu ? std::nullopt : options.resize);
     if (const auto* error = std::get_if<QuorvaneSdkImageError>(&made)) {
         if (error->code() == QuorvaneSdkImageError::invalidCropRange)
             err << "The crop rectangle does not lie inside the " << upright.width() << "×" << upright.height()

@@ -2,8 +2,10 @@
 
 #include "ImageGeometry.h"
 #include "ImageHelpers.h"
+#include "JpegDecoder.h"
 
 #include <QBuffer>
+#include <QColorSpace>
 #include <QCryptographicHash>
 #include <QFile>
 #include <QFileInfo>
@@ -332,10 +334,15 @@ ImageLoadResult loadImageFile(const QString& path, qint64 maxPixels, PixelOrder 
     // Decoders fill an image of the right size and format that they are handed, so a photo lands straight in
     // a buffer that is cheap to fault in.
     QImage image;
-    if (declared.isValid() && knownFormat)
-        image = ImageHelpers::newImage(declared, QImage::Format(format));
     bool read = false;
-    {
+    // As stored, a photo is decoded packed: whoever cuts it reads three bytes a pixel as easily as four.
+    if (isJpeg && order == PixelOrder::AsStored) {
+        image = decodedJpeg(bytes);
+        read = !image.isNull();
+    }
+    if (!read) {
+        if (declared.isValid() && knownFormat)
+            image = ImageHelpers::newImage(declared, QImage::Format(format));
         const ScopedAllocationLimit limit(int(std::min<qint64>(limitMiB, std::numeric_limits<int>::max())));
         read = reader.read(&image);
     }
@@ -349,6 +356,9 @@ ImageLoadResult loadImageFile(const QString& path, qint64 maxPixels, PixelOrder 
                                          .arg(maxPixels)));
     }
     PhotoMetadata metadata = readPhotoMetadata(bytes);
+    // What Qt's reader takes from the profile it finds.
+    if (isJpeg && !image.colorSpace().isValid() && !metadata.iccProfile.isEmpty())
+        image.setColorSpace(QColorSpace::fromIccProfile(metadata.iccProfile));
     // Qt reads the orientation of JPEG and TIFF files but not a PNG's eXIf chunk, which says the same.
     const int stored = isPng ? exifOrientation(metadata.exif) : exifOrientation(transformation);
     int orientation = stored >= 1 && stored <= 8 ? stored : 1;

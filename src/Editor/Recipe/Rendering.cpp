@@ -130,7 +130,7 @@ QSize uprightSize(const StoredPhoto& photo)
 }
 
 std::variant<std::unique_ptr<ImageBands>, QuorvaneSdkImageError>
-rendered(const StoredPhoto& photo, const QList<Step>& steps, std::optional<QSizeF> resize)
+rendered(StoredPhoto photo, const QList<Step>& steps, std::optional<QSizeF> resize)
 {
     const QImage& pixels = photo.pixels;
     if (pixels.isNull())
@@ -166,7 +166,7 @@ rendered(const StoredPhoto& photo, const QList<Step>& steps, std::optional<QSize
     const bool untouched = walk.origin == QPoint(0, 0) && walk.du == QPoint(1, 0) &&
                            walk.dv == QPoint(0, 1) && walk.size == pixels.size() && !colour;
     if (untouched) {
-        image = pixels;
+        image = std::move(photo.pixels);
     } else if (banded) {
         WalkedBands made(pixels, walk, colour);
         image = whole(made);
@@ -176,6 +176,11 @@ rendered(const StoredPhoto& photo, const QList<Step>& steps, std::optional<QSize
     } else {
         image = turnedUpright(pixels, photo.orientation).value_or(QImage());
     }
+    photo.pixels = QImage();
+    // Qt draws packed pixels a little differently from the format it decodes photos in: the editor's format,
+    // for the editor's pictures.
+    if (image.format() == QImage::Format_RGB888)
+        image = std::move(image).convertToFormat(QImage::Format_RGB32);
     if (image.isNull())
         return QuorvaneSdkImageError(QuorvaneSdkImageError::unableToCompressImage,
                                      QStringLiteral("There is not enough memory for the picture."));

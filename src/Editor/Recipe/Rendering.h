@@ -26,10 +26,10 @@ QSize uprightSize(const StoredPhoto& photo);
 /// What \a steps, then a resize to \a resize points, make of \a photo upright: the same picture replayed()
 /// and the editor's resize make, as bands for the saver. Turning upright, cuts, quarter turns, flips and
 /// colour are made a band at a time as the encoder asks, with no photo-sized picture besides the photo; a
-/// free turn, overlays and a resize are made whole. The photo must outlive the bands. An error
-/// (invalidCropRange, unableToCropImage, unableToCompressImage) whose reason says why not otherwise.
+/// free turn, overlays and a resize are made whole, and then the photo is let go as soon as it is read. An
+/// error (invalidCropRange, unableToCropImage, unableToCompressImage) whose reason says why not otherwise.
 std::variant<std::unique_ptr<ImageBands>, QuorvaneSdkImageError>
-rendered(const StoredPhoto& photo, const QList<Step>& steps, std::optional<QSizeF> resize = std::nullopt);
+rendered(StoredPhoto photo, const QList<Step>& steps, std::optional<QSizeF> resize = std::nullopt);
 
 /// All of \a bands in one image; null when it cannot be made.
 QImage whole(ImageBands& bands);

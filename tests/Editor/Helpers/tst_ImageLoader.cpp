@@ -1,4 +1,5 @@
 #include "Editor/Helpers/ImageLoader.h"
+#include "Editor/Helpers/JpegDecoder.h"
 #include "TestImages.h"
 
 #include <QBuffer>
@@ -64,7 +65,51 @@ private slots:
         const ImageLoadResult asStored = loadImageFile(path, 1'000'000, PixelOrder::AsStored);
         QCOMPARE(asStored.image->size(), stored.size());
         QCOMPARE(asStored.orientation, orientation);
-        QCOMPARE(turnedUpright(*asStored.image, asStored.orientation), loaded.image);
+        QCOMPARE(
+            turnedUpright(*asStored.image, asStored.orientation)->convertToFormat(loaded.image->format()),
+            *loaded.image);
+    }
+
+    // The tool decodes JPEG itself, packed: the values and the density must be Qt's reader's.
+    void packedJpeg_isQtsReaderPixelForPixel_data()
+    {
+        QTest::addColumn<QByteArray>("jpeg");
+        const QImage photo = QImage(photoPath()).copy(3, 5, 201, 149);
+        const auto written = [](const QImage& image, bool progressive = false) {
+            QByteArray bytes;
+            QBuffer buffer(&bytes);
+            buffer.open(QIODevice::WriteOnly);
+            QImageWriter writer(&buffer, "jpeg");
+            writer.setProgressiveScanWrite(progressive);
+            writer.write(image);
+            return bytes;
+        };
+        QImage dpi300 = photo;
+        dpi300.setDotsPerMeterX(11811);
+        dpi300.setDotsPerMeterY(11811);
+        QImage dpcm = photo;
+        dpcm.setDotsPerMeterX(10000);
+        dpcm.setDotsPerMeterY(5000);
+        QTest::newRow("colour, 72 dpi") << encode(photo, "jpeg", 90);
+        QTest::newRow("progressive") << written(photo, true);
+        QTest::newRow("grey") << written(photo.convertToFormat(QImage::Format_Grayscale8));
+        QTest::newRow("300 dpi") << written(dpi300);
+        QTest::newRow("in centimetres") << written(dpcm);
+    }
+
+    void packedJpeg_isQtsReaderPixelForPixel()
+    {
+        QFETCH(QByteArray, jpeg);
+        QBuffer buffer(&jpeg);
+        const QImage qt = QImageReader(&buffer, "jpeg").read();
+
+        const QImage packed = decodedJpeg(jpeg);
+
+        QCOMPARE(packed.format(), qt.format() == QImage::Format_Grayscale8 ? QImage::Format_Grayscale8
+                                                                           : QImage::Format_RGB888);
+        QCOMPARE(packed.convertToFormat(qt.format()), qt);
+        QCOMPARE(packed.dotsPerMeterX(), qt.dotsPerMeterX());
+        QCOMPARE(packed.dotsPerMeterY(), qt.dotsPerMeterY());
     }
 
     void goodFiles_decodeAsAPlainReaderDoes_data()

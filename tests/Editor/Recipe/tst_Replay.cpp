@@ -266,15 +266,22 @@ private slots:
         QVERIFY(std::holds_alternative<QImage>(replayedImage));
         QCOMPARE(pixelHash(std::get<QImage>(replayedImage)), hash);
 
-        // Rendered a band at a time, as the tool writes it, from the photo as each orientation stores it.
+        // Rendered a band at a time, as the tool writes it, from the photo as each orientation stores it,
+        // packed three bytes a pixel as the tool decodes it too.
         for (int orientation : {1, 5, 6, 8}) {
-            StoredPhoto stored{TestImages::displayed(photo, TestImages::inverseOrientation(orientation)),
-                               orientation};
-            stored.pixels.setColorSpace(photo.colorSpace());
-            auto bands = rendered(stored, steps);
-            QVERIFY(std::holds_alternative<std::unique_ptr<ImageBands>>(bands));
-            QVERIFY2(pixelHash(whole(*std::get<std::unique_ptr<ImageBands>>(bands))) == hash,
-                     qPrintable(QStringLiteral("orientation %1").arg(orientation)));
+            for (bool packed : {false, true}) {
+                StoredPhoto stored{TestImages::displayed(photo, TestImages::inverseOrientation(orientation)),
+                                   orientation};
+                if (packed)
+                    stored.pixels.convertTo(QImage::Format_RGB888);
+                stored.pixels.setColorSpace(photo.colorSpace());
+                auto bands = rendered(stored, steps);
+                QVERIFY(std::holds_alternative<std::unique_ptr<ImageBands>>(bands));
+                QVERIFY2(
+                    pixelHash(whole(*std::get<std::unique_ptr<ImageBands>>(bands))) == hash,
+                    qPrintable(
+                        QStringLiteral("orientation %1%2").arg(orientation).arg(packed ? ", packed" : "")));
+            }
         }
     }
 };
