@@ -16,10 +16,7 @@ namespace {
 // A thumbnail in an APP1 segment: its end marker is not the image's.
 QByteArray withThumbnail(const QByteArray& jpeg)
 {
-    const QByteArray thumbnail = encode(quadrants(QSize(8, 8)), "jpeg", 50);
-    const quint16 length = quint16(thumbnail.size() + 2);
-    return jpeg.left(2) + QByteArray::fromHex("ffe1") + char(length >> 8) + char(length & 0xFF) + thumbnail +
-           jpeg.mid(2);
+    return withJpegSegment(jpeg, '\xE1', encode(quadrants(QSize(8, 8)), "jpeg", 50));
 }
 
 } // namespace

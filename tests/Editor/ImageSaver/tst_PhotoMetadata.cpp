@@ -46,19 +46,6 @@ bool writeCameraPhoto(const QString& path, const QImage& upright, int orientatio
     return true;
 }
 
-// A picture with detail in every one of its 16 bits, so that a copy through 8 bits cannot pass for it.
-QImage sixteenBitPicture(QSize size)
-{
-    QImage image(size, QImage::Format_RGBX64);
-    for (int y = 0; y < size.height(); ++y) {
-        auto* row = reinterpret_cast<QRgba64*>(image.scanLine(y));
-        for (int x = 0; x < size.width(); ++x)
-            row[x] = QRgba64::fromRgba64(quint16(x * 411 + y), quint16(y * 523 + x), quint16((x ^ y) * 97),
-                                         0xFFFF);
-    }
-    return image;
-}
-
 enum class Edit { none, cropTurnFlip, rotate30, resize, draw, colour };
 
 // The image the editor hands back after the edit, as the pages and the session make it.
@@ -215,7 +202,7 @@ private slots:
         QFETCH(Edit, edit);
         QFETCH(int, bitDepth);
         const QString source = file(QStringLiteral("deep.png"));
-        QVERIFY(writeCameraPhoto(source, sixteenBitPicture(QSize(90, 70)), 8,
+        QVERIFY(writeCameraPhoto(source, noise16(QSize(90, 70), QImage::Format_RGBX64), 8,
                                  QColorSpace(QColorSpace::DisplayP3)));
 
         const QString output = exportThroughSession(source, QuorvaneSdkImageOutputFormat::png(), {}, edit);
@@ -228,7 +215,7 @@ private slots:
         if (edit == Edit::none) {
             QImage decoded = QImage(output).convertToFormat(QImage::Format_RGBX64);
             decoded.setColorSpace(QColorSpace());
-            QCOMPARE(decoded, sixteenBitPicture(QSize(90, 70)));
+            QCOMPARE(decoded, noise16(QSize(90, 70), QImage::Format_RGBX64));
         }
     }
 
