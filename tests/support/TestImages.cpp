@@ -247,6 +247,12 @@ bool writeFile(const QString& path, const QByteArray& bytes)
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
 }
 
+QByteArray readFile(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 QString photoPath()
 {
     return QStringLiteral(QUORVANE_SOURCE_DIR "/examples/demo/assets/Dragonfly_by_Bolly.jpg");

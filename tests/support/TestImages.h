@@ -57,6 +57,9 @@ QByteArray iconHolding(const char* format, const QByteArray& png);
 /// Writes \a bytes to \a path; fails the calling test on error.
 bool writeFile(const QString& path, const QByteArray& bytes);
 
+/// The bytes of the file at \a path; none when it cannot be read.
+QByteArray readFile(const QString& path);
+
 /// The bundled real photograph (4224×3168 JPEG).
 QString photoPath();
 

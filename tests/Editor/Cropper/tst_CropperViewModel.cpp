@@ -260,7 +260,6 @@ private slots:
         QTest::addColumn<int>("returns");
         QTest::addColumn<bool>("withImage");
         QTest::newRow("cancel") << false << "cancel" << false << 1 << false;
-        QTest::newRow("cancel after an edit") << true << "cancel" << false << 1 << false;
         QTest::newRow("crop before any edit is disabled") << false << "crop" << false << 0 << false;
         QTest::newRow("crop after an edit") << true << "crop" << false << 1 << true;
         QTest::newRow("crop that fails") << true << "crop" << true << 1 << false;

@@ -2,7 +2,6 @@
 #include "TestImages.h"
 
 #include <QBuffer>
-#include <QFile>
 #include <QImageReader>
 #include <QImageWriter>
 #include <QTemporaryDir>
@@ -87,10 +86,7 @@ private slots:
         QTest::newRow("icns") << encode(quadrants(QSize(32, 32)), "icns");
         // Photo-sized, so that each lands in a buffer of the loader's own.
         const QImage big = quadrants(QSize(2100, 2000));
-        QTest::newRow("real photo") << [] {
-            QFile file(photoPath());
-            return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-        }();
+        QTest::newRow("real photo") << readFile(photoPath());
         QTest::newRow("grey jpeg") << encode(big.convertToFormat(QImage::Format_Grayscale8), "jpeg", 90);
         QTest::newRow("palette png") << encode(
             big.convertToFormat(QImage::Format_Indexed8,
