@@ -4,7 +4,6 @@
 
 #include <QAccessible>
 #include <QMetaEnum>
-#include <QRegularExpression>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
@@ -130,12 +129,6 @@ private slots:
         QVERIFY(writeFile(m_photo, encode(QImage(photoPath()).copy(1000, 800, 1200, 900), "png")));
         // As when a screen reader is running: controls then describe themselves.
         QAccessible::setActive(true);
-    }
-
-    void init()
-    {
-        QTest::failOnWarning(
-            QRegularExpression(QStringLiteral("^qrc:/qt-project.org/imports/Quorvane/SdkImage/")));
     }
 
     void tab_visitsEveryControlInReadingOrder_andWraps_data()

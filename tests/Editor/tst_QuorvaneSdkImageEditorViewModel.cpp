@@ -49,37 +49,37 @@ private slots:
     void getResult_resizesWhenAsked_data()
     {
         QTest::addColumn<std::optional<QSizeF>>("newSize");
+        // Without one, a new file in Documents.
+        QTest::addColumn<bool>("outputURL");
         QTest::addColumn<QSize>("expected");
-        QTest::newRow("no new size") << std::optional<QSizeF>() << QSize(60, 40);
-        QTest::newRow("smaller, other aspect") << std::optional<QSizeF>(QSizeF(25, 25)) << QSize(25, 25);
-        QTest::newRow("zero keeps the size") << std::optional<QSizeF>(QSizeF(0, 0)) << QSize(60, 40);
+        QTest::newRow("no new size") << std::optional<QSizeF>() << true << QSize(60, 40);
+        QTest::newRow("smaller, other aspect")
+            << std::optional<QSizeF>(QSizeF(25, 25)) << true << QSize(25, 25);
+        QTest::newRow("zero keeps the size") << std::optional<QSizeF>(QSizeF(0, 0)) << true << QSize(60, 40);
+        QTest::newRow("no output URL") << std::optional<QSizeF>(QSizeF(30, 20)) << false << QSize(30, 20);
     }
 
     void getResult_resizesWhenAsked()
     {
         QFETCH(std::optional<QSizeF>, newSize);
+        QFETCH(bool, outputURL);
         QFETCH(QSize, expected);
         const QUrl target = QUrl::fromLocalFile(m_dir.filePath(QStringLiteral("result.png")));
-        QuorvaneSdkImageEditorViewModel session(
-            presetWith(QuorvaneSdkImageOutputFormat::png(), target, newSize));
+        QuorvaneSdkImageEditorViewModel session(presetWith(
+            QuorvaneSdkImageOutputFormat::png(), outputURL ? std::optional(target) : std::nullopt, newSize));
 
         const QuorvaneSdkImageEditorResult result = session.getResult(session.image());
 
-        QVERIFY(result.editedImage());
+        QVERIFY(result.editedImage() && result.editedImageURL());
         QCOMPARE(result.editedImage()->deviceIndependentSize(), QSizeF(expected));
-        QCOMPARE(result.editedImageURL(), std::optional<QUrl>(target));
-        QCOMPARE(QImageReader(target.toLocalFile()).size(), expected * ImageHelpers::screenScale());
-    }
-
-    void getResult_withoutOutputURL_writesANewFileInDocuments()
-    {
-        QuorvaneSdkImageEditorViewModel session(
-            presetWith(QuorvaneSdkImageOutputFormat::jpg(90), {}, QSizeF(30, 20)));
-        const std::optional<QUrl> url = session.getResult(session.image()).editedImageURL();
-        QVERIFY(url);
-        QCOMPARE(QFileInfo(url->toLocalFile()).absolutePath(),
-                 QDir(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)).absolutePath());
-        QCOMPARE(QImageReader(url->toLocalFile()).size(), QSize(30, 20) * ImageHelpers::screenScale());
+        const QString written = result.editedImageURL()->toLocalFile();
+        if (outputURL)
+            QCOMPARE(written, target.toLocalFile());
+        else
+            QCOMPARE(
+                QFileInfo(written).absolutePath(),
+                QDir(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)).absolutePath());
+        QCOMPARE(QImageReader(written).size(), expected * ImageHelpers::screenScale());
     }
 
     void getResult_whenSavingFails_stillReturnsTheImage()

@@ -5,7 +5,6 @@
 
 #include <QCoreApplication>
 #include <QQmlEngine>
-#include <QRegularExpression>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
@@ -49,12 +48,6 @@ private slots:
                  qEnvironmentVariable("QUORVANE_EXPECTED_CANCEL", QStringLiteral("CANCEL")));
         m_photo = m_dir.filePath(QStringLiteral("photo.png"));
         QVERIFY(writeFile(m_photo, encode(QImage(photoPath()).copy(1000, 800, 600, 450), "png")));
-    }
-
-    void init()
-    {
-        QTest::failOnWarning(
-            QRegularExpression(QStringLiteral("^qrc:/qt-project.org/imports/Quorvane/SdkImage/")));
     }
 
     void cleanup() { QuorvaneSdkImageTranslations::setLanguage(QLocale(QLocale::English)); }

@@ -5,6 +5,7 @@
 
 #include <QQmlEngine>
 #include <QQuickItem>
+#include <QRegularExpression>
 #include <QTest>
 #include <QtMath>
 #include <QtQuickTest/quicktest.h>
@@ -15,6 +16,9 @@ EditorScreen::EditorScreen(const QuorvaneSdkImageEditorPreset& preset, QSize siz
     // One touch screen for the whole test run: devices are registered for good.
     static QPointingDevice* touch = QTest::createTouchDevice();
     m_touch = touch;
+    // Any warning from the editor's own QML (a binding reading a closed page's model, say) is a fault.
+    QTest::failOnWarning(
+        QRegularExpression(QStringLiteral("^qrc:/qt-project.org/imports/Quorvane/SdkImage/")));
     m_view.setInitialProperties({{QStringLiteral("preset"), QVariant::fromValue(preset)}});
     m_view.setResizeMode(QQuickView::SizeRootObjectToView);
     m_view.resize(size);

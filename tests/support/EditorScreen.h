@@ -11,7 +11,8 @@
 #include <memory>
 
 /// The public editor screen in a real offscreen window, driven as a person would: taps and drags through
-/// the window. The test executable imports the QML plugin.
+/// the window. A warning from the editor's QML fails the running test. The test executable imports the QML
+/// plugin.
 class EditorScreen
 {
 public:

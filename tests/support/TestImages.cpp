@@ -3,6 +3,7 @@
 #include <QBuffer>
 #include <QFile>
 #include <QImageWriter>
+#include <QRandomGenerator>
 #include <QtEndian>
 #include <zlib.h>
 
@@ -24,6 +25,39 @@ QImage quadrants(QSize size)
     return image;
 }
 
+QImage noise(QSize size, QImage::Format format, bool opaque)
+{
+    QImage image(size, QImage::Format_ARGB32);
+    QRandomGenerator random(7);
+    for (int y = 0; y < size.height(); ++y) {
+        auto* row = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (int x = 0; x < size.width(); ++x)
+            row[x] = random.generate() | (opaque ? 0xFF000000u : 0);
+    }
+    return image.convertToFormat(format);
+}
+
+QImage noise16(QSize size, QImage::Format format)
+{
+    QImage image(size, QImage::Format_RGBA64);
+    QRandomGenerator random(7);
+    for (int y = 0; y < size.height(); ++y) {
+        auto* row = reinterpret_cast<QRgba64*>(image.scanLine(y));
+        for (int x = 0; x < size.width(); ++x)
+            row[x] = QRgba64::fromRgba64(random.generate64());
+    }
+    return image.convertToFormat(format);
+}
+
+bool near(QColor a, QColor b, int tolerance)
+{
+    return std::abs(a.red() - b.red()) <= tolerance && std::abs(a.green() - b.green()) <= tolerance &&
+           std::abs(a.blue() - b.blue()) <= tolerance && std::abs(a.alpha() - b.alpha()) <= tolerance;
+}
+
+namespace {
+
+// The colours of the four quarters, sampled at their centres.
 QList<QColor> quarterColours(const QImage& image)
 {
     const int w = image.width();
@@ -32,11 +66,7 @@ QList<QColor> quarterColours(const QImage& image)
             image.pixelColor(w / 4, 3 * h / 4), image.pixelColor(3 * w / 4, 3 * h / 4)};
 }
 
-bool near(QColor a, QColor b, int tolerance)
-{
-    return std::abs(a.red() - b.red()) <= tolerance && std::abs(a.green() - b.green()) <= tolerance &&
-           std::abs(a.blue() - b.blue()) <= tolerance && std::abs(a.alpha() - b.alpha()) <= tolerance;
-}
+} // namespace
 
 bool quartersMatch(const QImage& actual, const QImage& expected, int tolerance)
 {
@@ -60,6 +90,13 @@ QByteArray encode(const QImage& image, const char* format, int quality)
     return bytes;
 }
 
+QByteArray withJpegSegment(const QByteArray& jpeg, char marker, const QByteArray& body)
+{
+    QByteArray length(2, '\0');
+    qToBigEndian(quint16(body.size() + 2), length.data());
+    return jpeg.left(2) + '\xFF' + marker + length + body + jpeg.mid(2);
+}
+
 QByteArray withExifOrientation(const QByteArray& jpeg, int orientation)
 {
     // Big-endian TIFF header, one IFD with one SHORT entry: 0x0112 Orientation.
@@ -69,11 +106,7 @@ QByteArray withExifOrientation(const QByteArray& jpeg, int orientation)
     tiff.append(char(orientation));
     tiff.append(QByteArray::fromHex("0000"
                                     "00000000"));
-    const QByteArray payload = QByteArray("Exif\0\0", 6) + tiff;
-    QByteArray segment = QByteArray::fromHex("ffe1");
-    const quint16 length = quint16(payload.size() + 2);
-    segment.append(char(length >> 8)).append(char(length & 0xFF)).append(payload);
-    return jpeg.left(2) + segment + jpeg.mid(2);
+    return withJpegSegment(jpeg, '\xE1', QByteArray("Exif\0\0", 6) + tiff);
 }
 
 QImage displayed(const QImage& stored, int orientation)
@@ -122,21 +155,17 @@ int inverseOrientation(int orientation)
     return orientation == 6 ? 8 : orientation == 8 ? 6 : orientation;
 }
 
-namespace {
-
-QByteArray chunk(const char* type, const QByteArray& data)
+QByteArray pngChunk(const char* type, const QByteArray& body)
 {
     QByteArray out(4, '\0');
-    qToBigEndian(quint32(data.size()), out.data());
-    const QByteArray body = QByteArray(type, 4) + data;
-    out.append(body);
+    qToBigEndian(quint32(body.size()), out.data());
+    const QByteArray typed = QByteArray(type, 4) + body;
+    out.append(typed);
     QByteArray crc(4, '\0');
-    qToBigEndian(quint32(crc32(0, reinterpret_cast<const Bytef*>(body.constData()), uInt(body.size()))),
+    qToBigEndian(quint32(crc32(0, reinterpret_cast<const Bytef*>(typed.constData()), uInt(typed.size()))),
                  crc.data());
     return out + crc;
 }
-
-} // namespace
 
 QByteArray pngDeclaring(quint32 width, quint32 height)
 {
@@ -151,8 +180,8 @@ QByteArray pngDeclaring(quint32 width, quint32 height)
     compress(reinterpret_cast<Bytef*>(compressed.data()), &size,
              reinterpret_cast<const Bytef*>(row.constData()), uLong(row.size()));
     compressed.resize(qsizetype(size));
-    return QByteArray("\x89PNG\r\n\x1a\n", 8) + chunk("IHDR", header) + chunk("IDAT", compressed) +
-           chunk("IEND", {});
+    return QByteArray("\x89PNG\r\n\x1a\n", 8) + pngChunk("IHDR", header) + pngChunk("IDAT", compressed) +
+           pngChunk("IEND", {});
 }
 
 QByteArray jpegDeclaring(quint16 width, quint16 height)
@@ -175,7 +204,7 @@ QByteArray mngDeclaring(quint32 width, quint32 height)
     qToBigEndian(height, header.data() + 4);
     qToBigEndian(quint32(1), header.data() + 8);
     qToBigEndian(quint32(1), header.data() + 24);
-    return QByteArray("\x8aMNG\r\n\x1a\n", 8) + chunk("MHDR", header);
+    return QByteArray("\x8aMNG\r\n\x1a\n", 8) + pngChunk("MHDR", header);
 }
 
 QByteArray gifDeclaring(quint16 width, quint16 height)
@@ -216,6 +245,12 @@ bool writeFile(const QString& path, const QByteArray& bytes)
 {
     QFile file(path);
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+QByteArray readFile(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 QString photoPath()

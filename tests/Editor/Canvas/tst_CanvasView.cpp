@@ -3,7 +3,6 @@
 #include "EditorScreen.h"
 #include "TestImages.h"
 
-#include <QRegularExpression>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
@@ -68,13 +67,6 @@ private slots:
         m_photo = m_dir.filePath(QStringLiteral("photo.png"));
         QVERIFY(writeFile(m_photo, encode(QImage(photoPath()).copy(1000, 800, 1200, 900), "png")));
         m_output = m_dir.filePath(QStringLiteral("drawn.png"));
-    }
-
-    void init()
-    {
-        // Any warning from the editor's own QML is a fault.
-        QTest::failOnWarning(
-            QRegularExpression(QStringLiteral("^qrc:/qt-project.org/imports/Quorvane/SdkImage/")));
     }
 
     // A turned item takes touches where it is drawn; of two items one above the other, the upper one does.

@@ -2,7 +2,6 @@
 #include "StdoutCapture.h"
 #include "TestImages.h"
 
-#include <QRegularExpression>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
@@ -41,12 +40,6 @@ private slots:
         QStandardPaths::setTestModeEnabled(true);
         m_photo = m_dir.filePath(QStringLiteral("photo.png"));
         QVERIFY(writeFile(m_photo, encode(QImage(photoPath()).copy(1000, 800, 1200, 900), "png")));
-    }
-
-    void init()
-    {
-        QTest::failOnWarning(
-            QRegularExpression(QStringLiteral("^qrc:/qt-project.org/imports/Quorvane/SdkImage/")));
     }
 
     void wholeSession_filtersAndAdjustments_byTouch()

@@ -3,24 +3,12 @@
 #include "TestImages.h"
 
 #include <QColorSpace>
-#include <QRandomGenerator>
 #include <QTest>
 #include <QTransform>
 
 using namespace TestImages;
 
 namespace {
-
-QImage noise(QSize size, QImage::Format format)
-{
-    QImage image(size, QImage::Format_ARGB32);
-    QRandomGenerator random(7);
-    for (int y = 0; y < size.height(); ++y) {
-        for (int x = 0; x < size.width(); ++x)
-            image.setPixel(x, y, random.generate() | 0xFF000000u);
-    }
-    return image.convertToFormat(format);
-}
 
 // Every pixel of \a actual equals \a expected's; the formats and colour spaces may differ.
 bool samePixels(QImage actual, QImage expected)

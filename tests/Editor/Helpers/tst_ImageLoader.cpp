@@ -3,7 +3,6 @@
 #include "TestImages.h"
 
 #include <QBuffer>
-#include <QFile>
 #include <QImageReader>
 #include <QImageWriter>
 #include <QTemporaryDir>
@@ -17,10 +16,7 @@ namespace {
 // A thumbnail in an APP1 segment: its end marker is not the image's.
 QByteArray withThumbnail(const QByteArray& jpeg)
 {
-    const QByteArray thumbnail = encode(quadrants(QSize(8, 8)), "jpeg", 50);
-    const quint16 length = quint16(thumbnail.size() + 2);
-    return jpeg.left(2) + QByteArray::fromHex("ffe1") + char(length >> 8) + char(length & 0xFF) + thumbnail +
-           jpeg.mid(2);
+    return withJpegSegment(jpeg, '\xE1', encode(quadrants(QSize(8, 8)), "jpeg", 50));
 }
 
 } // namespace
@@ -135,10 +131,7 @@ private slots:
         QTest::newRow("icns") << encode(quadrants(QSize(32, 32)), "icns");
         // Photo-sized, so that each lands in a buffer of the loader's own.
         const QImage big = quadrants(QSize(2100, 2000));
-        QTest::newRow("real photo") << [] {
-            QFile file(photoPath());
-            return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-        }();
+        QTest::newRow("real photo") << readFile(photoPath());
         QTest::newRow("grey jpeg") << encode(big.convertToFormat(QImage::Format_Grayscale8), "jpeg", 90);
         QTest::newRow("palette png") << encode(
             big.convertToFormat(QImage::Format_Indexed8,

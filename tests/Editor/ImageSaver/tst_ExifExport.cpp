@@ -10,8 +10,6 @@
 #include <QTest>
 #include <QtEndian>
 
-#include <zlib.h>
-
 using namespace TestImages;
 
 namespace {
@@ -38,19 +36,6 @@ QByteArray tiff(quint16 declared, const QByteArray& entries, const QByteArray& a
 }
 
 const QByteArray kMake = entry(0x010F, 2, 4, "Cam");
-
-// \a jpeg with an application segment of type \a marker (0xE1 EXIF, 0xE2 ICC) holding \a body.
-QByteArray withSegment(const QByteArray& jpeg, char marker, const QByteArray& body)
-{
-    return jpeg.left(2) + '\xFF' + marker + be16(quint16(body.size() + 2)) + body + jpeg.mid(2);
-}
-
-QByteArray pngChunk(const char* type, const QByteArray& body)
-{
-    const QByteArray typed = QByteArray(type, 4) + body;
-    return be32(quint32(body.size())) + typed +
-           be32(quint32(crc32_z(0, reinterpret_cast<const Bytef*>(typed.constData()), size_t(typed.size()))));
-}
 
 } // namespace
 
@@ -98,8 +83,8 @@ private slots:
 
         // The whole way: a JPEG carrying the block, loaded, saved, read back by exiftool.
         const QString source = m_dir.filePath(QStringLiteral("hostile.jpg"));
-        QVERIFY(writeFile(source, withSegment(encode(quadrants(QSize(40, 30)), "jpeg", 90), '\xE1',
-                                              QByteArray("Exif\0\0", 6) + exif)));
+        QVERIFY(writeFile(source, withJpegSegment(encode(quadrants(QSize(40, 30)), "jpeg", 90), '\xE1',
+                                                  QByteArray("Exif\0\0", 6) + exif)));
         const ImageLoadResult loaded = loadImageFile(source, 1'000'000);
         QVERIFY(loaded.image);
         if (damaged)
@@ -134,10 +119,10 @@ private slots:
 
         const QByteArray jpeg = encode(quadrants(QSize(40, 30)), "jpeg", 90);
         const QByteArray piece = QByteArray("ICC_PROFILE\0", 12) + '\2' + '\3' + QByteArray(100, 'x');
-        QTest::newRow("JPEG profile missing its first pieces") << withSegment(jpeg, '\xE2', piece);
+        QTest::newRow("JPEG profile missing its first pieces") << withJpegSegment(jpeg, '\xE2', piece);
         const QByteArray header = QColorSpace(QColorSpace::AdobeRgb).iccProfile().left(200);
         const QByteArray liar = QByteArray("ICC_PROFILE\0", 12) + '\1' + '\1' + header;
-        QTest::newRow("JPEG profile shorter than its header says") << withSegment(jpeg, '\xE2', liar);
+        QTest::newRow("JPEG profile shorter than its header says") << withJpegSegment(jpeg, '\xE2', liar);
     }
 
     void hostileProfile_isDroppedWithinBoundedMemory()

@@ -170,9 +170,8 @@ private slots:
         const QImage photo = QImage(photoPath()).copy(0, 0, 200, 200);
         const auto bytesOf = [&](int quality) {
             const QUrl url = QUrl::fromLocalFile(m_dir.filePath(QStringLiteral("q%1.jpg").arg(quality)));
-            QFile file(m_saver.save(photo, QuorvaneSdkImageOutputFormat::jpg(quality), url).toLocalFile());
-            file.open(QIODevice::ReadOnly);
-            return file.readAll();
+            return readFile(
+                m_saver.save(photo, QuorvaneSdkImageOutputFormat::jpg(quality), url).toLocalFile());
         };
         QCOMPARE(bytesOf(-20), bytesOf(0));
         QCOMPARE(bytesOf(150), bytesOf(100));
@@ -251,9 +250,7 @@ private slots:
                 QCOMPARE(error.reason(), QStringLiteral("File too large"));
             }
         }
-        QFile kept(path);
-        QVERIFY(kept.open(QIODevice::ReadOnly));
-        QCOMPARE(kept.readAll(), previous);
+        QCOMPARE(readFile(path), previous);
         QCOMPARE(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden),
                  QStringList{QStringLiteral("kept.jpg")});
         QCOMPARE(log.lines(), QStringList{QStringLiteral("ImageSaverImp: save image data to local failed")});

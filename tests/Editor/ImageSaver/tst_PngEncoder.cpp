@@ -1,38 +1,12 @@
 #include "Editor/ImageSaver/PngEncoder.h"
+#include "TestImages.h"
 
 #include <QColorSpace>
-#include <QRandomGenerator>
 #include <QTest>
 
+using namespace TestImages;
+
 namespace {
-
-// Noise defeats any shortcut in the filter or the compressor.
-QImage noise(QSize size, QImage::Format format, bool opaque)
-{
-    QImage image(size, QImage::Format_ARGB32);
-    QRandomGenerator random(42);
-    for (int y = 0; y < size.height(); ++y) {
-        auto* row = reinterpret_cast<QRgb*>(image.scanLine(y));
-        for (int x = 0; x < size.width(); ++x) {
-            const quint32 value = random.generate();
-            row[x] = opaque ? (value | 0xFF000000u) : value;
-        }
-    }
-    return image.convertToFormat(format);
-}
-
-// Every one of the 16 bits of every sample differs from its neighbours'.
-QImage noise16(QSize size, QImage::Format format)
-{
-    QImage image(size, QImage::Format_RGBA64);
-    QRandomGenerator random(7);
-    for (int y = 0; y < size.height(); ++y) {
-        auto* row = reinterpret_cast<QRgba64*>(image.scanLine(y));
-        for (int x = 0; x < size.width(); ++x)
-            row[x] = QRgba64::fromRgba64(random.generate64());
-    }
-    return image.convertToFormat(format);
-}
 
 QImage inSpace(QImage image, QColorSpace::NamedColorSpace space)
 {

@@ -231,14 +231,6 @@ private slots:
                          qPrintable(filters[i].name));
         }
     }
-
-    // A copy with the same pixels is another entry: equality is the image object's.
-    void filter_equality_needsTheSameImageObject()
-    {
-        const QImage image = TestImages::quadrants(QSize(4, 4));
-        QVERIFY((Filter{image, 1, "Blue"} == Filter{image, 1, "Blue"}));
-        QVERIFY(!(Filter{image, 1, "Blue"} == Filter{image.copy(), 1, "Blue"}));
-    }
 };
 
 QTEST_MAIN(tst_FiltersManager)
