@@ -193,6 +193,8 @@ private slots:
         refused("four colour values", {"--color", "0,0,0,1"}, "--color");
         // 2^200 overflows a float: no finite matrix.
         refused("exposure beyond a float", {"--color", "0,0,200,1,0"}, "--color");
+        // Finite, but its sums overflow: +inf and -inf would meet as NaN.
+        refused("a matrix that overflows", {"--color", "0,0,125,3,0", "--engine", "cpu"}, "--color");
         refused("unknown engine", {"--color", "0,0,0,1,0", "--engine", "tpu"}, "--engine");
         refused("engine without colour", {"--engine", "cpu"}, "give --color too");
         refused("GPU where there is none", {"--color", "0,0,0,1,0", "--engine", "gpu", "--output", out},

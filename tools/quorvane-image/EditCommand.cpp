@@ -68,7 +68,7 @@ std::optional<ColorMatrix> parseColor(const QString& text, std::array<double, 5>
         given[std::size_t(i)] = values[i];
     }
     const ColorMatrix matrix = testMatrix(values[0], values[1], values[2], values[3], values[4]);
-    if (!isFinite(matrix))
+    if (!staysFinite(matrix))
         return std::nullopt;
     return matrix;
 }
@@ -215,9 +215,9 @@ std::variant<EditOptions, UsageError, InfoRequest> parseEditCommand(const QStrin
     if (parser.isSet(color)) {
         options.color = parseColor(parser.value(color), options.colorValues);
         if (!options.color)
-            return UsageError{
-                QStringLiteral("--color takes five numbers WARM,LUMINOSITY,EXPOSURE,SATURATION,TINT, "
-                               "e.g. 0.1,0,0,1,0 (exposure at most 127).")};
+            return UsageError{QStringLiteral(
+                "--color takes five numbers WARM,LUMINOSITY,EXPOSURE,SATURATION,TINT, "
+                "e.g. 0.1,0,0,1,0; exposure and saturation so large that the matrix overflows are refused.")};
     }
     if (parser.isSet(engine)) {
         const QString value = parser.value(engine);

@@ -10,7 +10,8 @@ namespace CanvasAlignment {
 Q_NAMESPACE
 QML_NAMED_ELEMENT(CanvasAlignment)
 
-enum Alignment {
+// Of int, so that whatever number a host's QML passes is a value of the type; align() refuses the unknown.
+enum Alignment : int {
     topLeading,
     top,
     topTrailing,

@@ -53,14 +53,15 @@ void ChooseIntensityViewModel::handleDragOnChange(qreal translation)
         return;
     setDragging(true);
     qreal intensity = 0;
-    // Beyond either end the value is exactly 0 or 100. In between it is relative to where the drag began;
-    // before any setup a drag of zero divides zero by zero, and the intensity is not a number.
+    // Beyond either end the value is exactly 0 or 100. In between it is relative to where the drag began,
+    // which after a new width (the bounds move, the travel stays) could lead past either end: held within
+    // them. Before any setup a drag of zero divides zero by zero, and the intensity is not a number.
     if (m_offset + translation > m_maxOffset)
         intensity = 0;
     else if (m_offset + translation < m_minOffset)
         intensity = 100;
     else
-        intensity = m_previousIntensity + (-translation / m_totalDraggingSize) * 100;
+        intensity = std::clamp(m_previousIntensity + (-translation / m_totalDraggingSize) * 100, 0.0, 100.0);
     assignAndNotify(this, m_selectedIntensity, intensity,
                     &ChooseIntensityViewModel::selectedIntensityChanged);
     if (m_delegate)
@@ -91,7 +92,7 @@ void ChooseIntensityViewModel::step(int ticks)
         (ticks < 0 && m_selectedIntensity <= m_minimumValue))
         return;
     // The ruler moves left to raise the intensity.
-    const qreal translation = -ticks * (m_segmentSize.width() + m_segmentSpacing);
+    const qreal translation = -qreal(ticks) * (m_segmentSize.width() + m_segmentSpacing);
     handleDragOnChange(translation);
     handleDragOnEnded(translation);
 }

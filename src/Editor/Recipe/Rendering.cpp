@@ -153,6 +153,9 @@ rendered(StoredPhoto photo, const QList<Step>& steps, std::optional<QSizeF> resi
             walk = ImageHelpers::composed(walk, *cutWalk);
         } else if (const auto* color = std::get_if<Color>(&steps[next])) {
             colour = matrixOf(*color);
+            if (!staysFinite(*colour))
+                return QuorvaneSdkImageError(QuorvaneSdkImageError::unableToCompressImage,
+                                             QStringLiteral("The colour matrix could not be applied."));
         } else {
             break;
         }

@@ -3,6 +3,7 @@
 
 #include <QTest>
 #include <cmath>
+#include <limits>
 #include <memory>
 
 namespace {
@@ -92,6 +93,44 @@ private slots:
         QCOMPARE(model->offset(), -100.0);
         QCOMPARE(model->totalDraggingSize(), 400.0);
         QCOMPARE(model->selectedIntensity(), 75.0);
+    }
+
+    // A window resize moves the bounds but keeps the travel; keys may step any number of ticks.
+    void laterWidthsAndExtremeSteps_keepTheIntensityWithinItsRange_data()
+    {
+        QTest::addColumn<qreal>("width");
+        QTest::addColumn<qreal>("drag"); // not a number: a step of ticks instead
+        QTest::addColumn<int>("ticks");
+        QTest::addColumn<qreal>("intensity");
+        QTest::newRow("wider, dragged past where 0 was") << 600.0 << 398.0 << 0 << 0.0;
+        QTest::newRow("narrower, dragged past where 100 was") << 200.0 << -200.0 << 0 << 100.0;
+        QTest::newRow("narrower, within") << 200.0 << 198.0 << 0 << 25.5;
+        QTest::newRow("the lowest int of ticks")
+            << 402.0 << qQNaN() << std::numeric_limits<int>::min() << 0.0;
+        QTest::newRow("the highest int of ticks")
+            << 402.0 << qQNaN() << std::numeric_limits<int>::max() << 100.0;
+    }
+
+    void laterWidthsAndExtremeSteps_keepTheIntensityWithinItsRange()
+    {
+        QFETCH(qreal, width);
+        QFETCH(qreal, drag);
+        QFETCH(int, ticks);
+        QFETCH(qreal, intensity);
+        Recorder delegate;
+        auto model = make(Kind::ruler, &delegate);
+        model->setupElementsSize(402);
+        model->handleDragOnChange(100);
+        model->handleDragOnEnded(100);
+        model->setupElementsSize(width);
+        if (std::isnan(drag)) {
+            model->step(ticks);
+        } else {
+            model->handleDragOnChange(drag);
+            model->handleDragOnEnded(drag);
+        }
+        QCOMPARE(model->selectedIntensity(), intensity);
+        QCOMPARE(delegate.values.last(), intensity);
     }
 
     void drag_beforeSetup_takesABoundOrIsNotANumber_data()

@@ -3,6 +3,7 @@
 #include <QtGlobal>
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace {
 
@@ -84,4 +85,20 @@ ColorMatrix testMatrix(float intensity, float luminosity, float exposure, float 
 bool isFinite(const ColorMatrix& matrix)
 {
     return std::all_of(matrix.begin(), matrix.end(), [](float v) { return std::isfinite(v); });
+}
+
+bool staysFinite(const ColorMatrix& matrix)
+{
+    if (!isFinite(matrix))
+        return false;
+    // The largest magnitude any partial sum of a column can reach, in double, where it cannot overflow;
+    // a margin of two covers float's rounding on the way.
+    for (int j = 0; j < 4; ++j) {
+        double bound = 0;
+        for (int k = 0; k < 4; ++k)
+            bound += 255.0 * std::abs(double(matrix[std::size_t(4 * k + j)]));
+        if (!(bound < double(std::numeric_limits<float>::max()) / 2))
+            return false;
+    }
+    return true;
 }

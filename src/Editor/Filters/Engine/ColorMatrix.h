@@ -24,5 +24,10 @@ ColorMatrix concat(const ColorMatrix& matrix1, const ColorMatrix& matrix2);
 /// Whether every element is a finite number: a large exposure overflows to infinity, and infinity times the
 /// zeros of a product to NaN.
 bool isFinite(const ColorMatrix& matrix);
+
+/// Whether every output of \a matrix stays finite in float for any pixel (channels 0 to 255): false for a
+/// matrix holding NaN or infinity, and for one whose products or sums overflow, where +inf and -inf would
+/// meet as NaN. The engines refuse such a matrix rather than give an arbitrary answer.
+bool staysFinite(const ColorMatrix& matrix);
 /// warm · saturation · luminosity · exposure · tint. The parameters are deliberately in another order.
 ColorMatrix testMatrix(float intensity, float luminosity, float exposure, float saturation, float tint);

@@ -92,12 +92,15 @@ bool applyColorMatrixOnCpu(const QImage& image, const ColorMatrix& matrix, QImag
     QImage in = image;
     const QImage::Format format = image.format();
     const bool argb32 = format == QImage::Format_RGB32 || format == QImage::Format_ARGB32_Premultiplied;
-    if (!argb32 && format != QImage::Format_RGBA8888_Premultiplied) {
+    const bool rgba8888 =
+        format == QImage::Format_RGBX8888 || format == QImage::Format_RGBA8888_Premultiplied;
+    if (!argb32 && !rgba8888) {
         in = image.convertToFormat(QImage::Format_RGBA8888_Premultiplied);
         if (in.isNull())
             return false;
     }
-    const uchar alphaMask = format == QImage::Format_RGB32 ? 0xFF : 0;
+    // The unused byte of an opaque format is whatever the host left there: read as opaque.
+    const uchar alphaMask = format == QImage::Format_RGB32 || format == QImage::Format_RGBX8888 ? 0xFF : 0;
     const RowFunction row = !argb32                                         ? rowsRgba
                             : QSysInfo::ByteOrder == QSysInfo::LittleEndian ? rowsBgra
                                                                             : rowsArgb;

@@ -84,7 +84,7 @@ std::optional<QImage> FiltersManager::applyFilter(const QImage& image, FilterTyp
 std::optional<QImage> FiltersManager::applyColorMatrix(const QImage& image, const ColorMatrix& matrix)
 {
     // What an 8-bit texture makes of NaN differs between GPUs: no answer is better than an arbitrary one.
-    if (image.isNull() || !isFinite(matrix))
+    if (image.isNull() || !staysFinite(matrix))
         return std::nullopt;
     std::optional<QImage> result;
     if (m_gpu && image.width() <= m_gpu->maxTextureSize() && image.height() <= m_gpu->maxTextureSize()) {

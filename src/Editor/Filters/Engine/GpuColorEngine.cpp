@@ -224,11 +224,20 @@ GpuColorEngine::Texture GpuColorEngine::loadTexture(const QImage& image)
     const int limit = maxTextureSize();
     if (image.isNull() || image.width() > limit || image.height() > limit)
         return nullptr;
-    const QImage bytes = image.format() == QImage::Format_RGBA8888_Premultiplied
-                             ? image
-                             : image.convertToFormat(QImage::Format_RGBA8888_Premultiplied);
+    QImage bytes = image.format() == QImage::Format_RGBA8888_Premultiplied
+                       ? image
+                       : image.convertToFormat(QImage::Format_RGBA8888_Premultiplied);
     if (bytes.isNull())
         return nullptr;
+    // The unused byte of an opaque format is whatever the host left there: opaque, as the CPU engine reads
+    // it.
+    if (!image.hasAlphaChannel()) {
+        for (int y = 0; y < bytes.height(); ++y) {
+            uchar* row = bytes.scanLine(y);
+            for (int x = 0; x < bytes.width(); ++x)
+                row[4 * x + 3] = 0xFF;
+        }
+    }
     Texture texture(m_rhi->newTexture(QRhiTexture::RGBA8, bytes.size()));
     if (!texture->create())
         return nullptr;

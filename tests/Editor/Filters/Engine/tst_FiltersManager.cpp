@@ -8,6 +8,7 @@
 #include <QTest>
 #include <QVulkanInstance>
 #include <cmath>
+#include <limits>
 
 namespace {
 
@@ -17,7 +18,13 @@ using Engine = FiltersManager::Engine;
 // the matrix as a row vector, saturated to 0…255, rounded half up.
 QImage scalarReference(const QImage& image, const ColorMatrix& m)
 {
-    const QImage in = image.convertToFormat(QImage::Format_RGBA8888_Premultiplied);
+    QImage in = image.convertToFormat(QImage::Format_RGBA8888_Premultiplied);
+    // An opaque format's fourth byte means nothing: opaque whatever it holds.
+    if (!image.hasAlphaChannel()) {
+        for (int y = 0; y < in.height(); ++y)
+            for (int x = 0; x < in.width(); ++x)
+                in.scanLine(y)[4 * x + 3] = 255;
+    }
     QImage out(in.size(), QImage::Format_RGBA8888_Premultiplied);
     for (int y = 0; y < in.height(); ++y) {
         for (int x = 0; x < in.width(); ++x) {
@@ -163,6 +170,11 @@ private slots:
             << craftedPixels(QSize(97, 61), QImage::Format_ARGB32_Premultiplied) << negative;
         QTest::newRow("RGB32, alpha byte ignored")
             << withAlphaBytesZeroed(craftedPixels(QSize(97, 61), QImage::Format_RGB32)) << negative;
+        QTest::newRow("RGBX8888, unused byte ignored")
+            << withAlphaBytesZeroed(craftedPixels(QSize(97, 61), QImage::Format_RGBX8888)) << negative;
+        // Entries near 2^100: products far beyond 255 saturate exactly, without overflowing.
+        QTest::newRow("exposure 100, saturating") << crafted(97, 61) << testMatrix(0, 0, 100, 1, 0);
+        QTest::newRow("exposure -100, to black") << crafted(97, 61) << testMatrix(0, 0, -100, 1, 0);
         QTest::newRow("1024×1025, split between threads") << crafted(1024, 1025) << negative;
         QTest::newRow("straight ARGB32") << craftedPixels(QSize(97, 61), QImage::Format_ARGB32) << all;
         QTest::newRow("grayscale") << craftedPixels(QSize(97, 61), QImage::Format_Grayscale8) << all;
@@ -187,6 +199,27 @@ private slots:
             const GpuColorEngine::Dispatch groups{(image.width() + 7) / 8, (image.height() + 7) / 8, 1};
             QCOMPARE(m_manager->lastDispatch(), groups);
         }
+    }
+
+    // Finite entries whose products or sums overflow a float would meet as +inf and -inf: refused whole,
+    // on every engine, rather than answered arbitrarily.
+    void applyColorMatrix_refusesMatricesThatOverflow_data()
+    {
+        QTest::addColumn<ColorMatrix>("matrix");
+        constexpr float huge = std::numeric_limits<float>::max();
+        QTest::newRow("exposure 125, saturation 3") << testMatrix(0, 0, 125, 3, 0);
+        QTest::newRow("largest floats of both signs")
+            << ColorMatrix{huge, 0, 0, 0, -huge, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
+        QTest::newRow("one product overflows")
+            << ColorMatrix{1e37f, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
+        QTest::newRow("not a number") << ColorMatrix{
+            std::numeric_limits<float>::quiet_NaN(), 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
+    }
+
+    void applyColorMatrix_refusesMatricesThatOverflow()
+    {
+        QFETCH(ColorMatrix, matrix);
+        QVERIFY(!m_manager->applyColorMatrix(photo(), matrix));
     }
 
     void applyFilter_givesAPictureAtScaleOne_orNothing()
