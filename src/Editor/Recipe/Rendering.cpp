@@ -1,5 +1,6 @@
 #include "Rendering.h"
 
+#include "Editor/Cropper/Engine/ImageCropperImp.h"
 #include "Editor/Filters/Engine/CpuColorEngine.h"
 #include "Editor/Helpers/Angle.h"
 #include "Editor/Helpers/ImageGeometry.h"
@@ -14,11 +15,6 @@ namespace EditRecipe {
 namespace {
 
 using ImageHelpers::PixelWalk;
-
-bool opaqueFormat(const QImage& image)
-{
-    return !image.hasAlphaChannel();
-}
 
 // Whether an opaque pixel stays opaque whatever its colour: the alpha the engine writes for alpha 255.
 bool keepsOpaque(const ColorMatrix& m)
@@ -74,8 +70,8 @@ private:
         if (!colour)
             return photo.format();
         // Said up front, so that a PNG's header needs no look at every pixel first.
-        return opaqueFormat(photo) && keepsOpaque(*colour) ? QImage::Format_RGBX8888
-                                                           : QImage::Format_RGBA8888_Premultiplied;
+        return !photo.hasAlphaChannel() && keepsOpaque(*colour) ? QImage::Format_RGBX8888
+                                                                : QImage::Format_RGBA8888_Premultiplied;
     }
 
     // rows of the walk's width over buffer, grown to the most rows asked for.
@@ -96,30 +92,27 @@ private:
     QImage m_coloured;
 };
 
-// The cut a crop step asks of a picture of size points at scale: a walk over whole pixels when it is one,
-// as the cropper decides; an error when it lies outside the picture or holds no pixels.
-std::variant<std::optional<PixelWalk>, QuorvaneSdkImageError> walkFor(const Crop& crop, QSizeF size,
+// The cut a crop step asks of a picture of pixels at scale: a walk over whole pixels when it is one, by the
+// cropper's own rules; an error when it lies outside the picture or holds no pixels.
+std::variant<std::optional<PixelWalk>, QuorvaneSdkImageError> walkFor(const Crop& crop, QSize pixels,
                                                                       qreal scale)
 {
-    const qint64 x = std::llround(crop.rect.x() * size.width());
-    const qint64 y = std::llround(crop.rect.y() * size.height());
-    const qint64 w = std::llround(crop.rect.width() * size.width());
-    const qint64 h = std::llround(crop.rect.height() * size.height());
-    if (x < 0 || y < 0 || x + w > qint64(size.width()) || y + h > qint64(size.height()))
-        return QuorvaneSdkImageError(QuorvaneSdkImageError::invalidCropRange,
-                                     QStringLiteral("The crop lies outside the picture."));
-    const QRectF pixels(double(x) * scale, double(y) * scale, double(w) * scale, double(h) * scale);
-    if (!(pixels.width() > 0) || !(pixels.height() > 0))
-        return QuorvaneSdkImageError(QuorvaneSdkImageError::unableToCropImage,
-                                     QStringLiteral("The crop holds no pixels."));
-    const QRect whole(QPoint(int(std::floor(pixels.left())), int(std::floor(pixels.top()))),
-                      QPoint(int(std::ceil(pixels.right())) - 1, int(std::ceil(pixels.bottom())) - 1));
-    if (crop.degrees != 0.0 || QRectF(whole) != pixels)
+    const QSizeF size = QSizeF(pixels) / scale;
+    const auto cut = ImageCropperImp::cutPixels(pixels, scale, std::llround(crop.rect.x() * size.width()),
+                                                std::llround(crop.rect.y() * size.height()),
+                                                std::llround(crop.rect.width() * size.width()),
+                                                std::llround(crop.rect.height() * size.height()));
+    if (const auto* code = std::get_if<QuorvaneSdkImageError::Code>(&cut))
+        return *code == QuorvaneSdkImageError::invalidCropRange
+                   ? QuorvaneSdkImageError(*code, QStringLiteral("The crop lies outside the picture."))
+                   : QuorvaneSdkImageError(*code, QStringLiteral("The crop holds no pixels."));
+    const ImageCropperImp::Cut& pixelsCut = std::get<ImageCropperImp::Cut>(cut);
+    if (crop.degrees != 0.0 || QRectF(pixelsCut.whole) != pixelsCut.exact)
         return std::optional<PixelWalk>();
     const Angle turn = Angle::degrees(crop.quarterTurns * 90);
     const Mirroring seen = seenMirroring(turn, {crop.flipHorizontal, crop.flipVertical});
     return std::optional<PixelWalk>(
-        ImageHelpers::pixelWalk(whole, crop.quarterTurns, seen.leftRight, seen.topBottom));
+        ImageHelpers::pixelWalk(pixelsCut.whole, crop.quarterTurns, seen.leftRight, seen.topBottom));
 }
 
 } // namespace
@@ -143,8 +136,7 @@ rendered(StoredPhoto photo, const QList<Step>& steps, std::optional<QSizeF> resi
     // after it would read.
     for (; next < steps.size() && ImageHelpers::walksWholePixels(pixels) && !colour; ++next) {
         if (const auto* crop = std::get_if<Crop>(&steps[next])) {
-            const qreal scale = pixels.devicePixelRatio();
-            auto cut = walkFor(*crop, QSizeF(walk.size) / scale, scale);
+            auto cut = walkFor(*crop, walk.size, pixels.devicePixelRatio());
             if (auto* error = std::get_if<QuorvaneSdkImageError>(&cut))
                 return *error;
             const auto& cutWalk = std::get<std::optional<PixelWalk>>(cut);

@@ -19,6 +19,18 @@ QByteArray withThumbnail(const QByteArray& jpeg)
     return withJpegSegment(jpeg, '\xE1', encode(quadrants(QSize(8, 8)), "jpeg", 50));
 }
 
+// Qt's own JPEG of image, at its default quality.
+QByteArray jpegWritten(const QImage& image, bool progressive = false)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    QImageWriter writer(&buffer, "jpeg");
+    writer.setProgressiveScanWrite(progressive);
+    writer.write(image);
+    return bytes;
+}
+
 } // namespace
 
 class tst_ImageLoader : public QObject
@@ -71,15 +83,6 @@ private slots:
     {
         QTest::addColumn<QByteArray>("jpeg");
         const QImage photo = QImage(photoPath()).copy(3, 5, 201, 149);
-        const auto written = [](const QImage& image, bool progressive = false) {
-            QByteArray bytes;
-            QBuffer buffer(&bytes);
-            buffer.open(QIODevice::WriteOnly);
-            QImageWriter writer(&buffer, "jpeg");
-            writer.setProgressiveScanWrite(progressive);
-            writer.write(image);
-            return bytes;
-        };
         QImage dpi300 = photo;
         dpi300.setDotsPerMeterX(11811);
         dpi300.setDotsPerMeterY(11811);
@@ -87,10 +90,10 @@ private slots:
         dpcm.setDotsPerMeterX(10000);
         dpcm.setDotsPerMeterY(5000);
         QTest::newRow("colour, 72 dpi") << encode(photo, "jpeg", 90);
-        QTest::newRow("progressive") << written(photo, true);
-        QTest::newRow("grey") << written(photo.convertToFormat(QImage::Format_Grayscale8));
-        QTest::newRow("300 dpi") << written(dpi300);
-        QTest::newRow("in centimetres") << written(dpcm);
+        QTest::newRow("progressive") << jpegWritten(photo, true);
+        QTest::newRow("grey") << jpegWritten(photo.convertToFormat(QImage::Format_Grayscale8));
+        QTest::newRow("300 dpi") << jpegWritten(dpi300);
+        QTest::newRow("in centimetres") << jpegWritten(dpcm);
     }
 
     void packedJpeg_isQtsReaderPixelForPixel()
@@ -113,15 +116,7 @@ private slots:
         QTest::addColumn<QByteArray>("bytes");
         const QImage image = quadrants(QSize(40, 30));
         QTest::newRow("jpeg") << encode(image, "jpeg", 90);
-        QTest::newRow("progressive jpeg") << [&] {
-            QByteArray bytes;
-            QBuffer buffer(&bytes);
-            buffer.open(QIODevice::WriteOnly);
-            QImageWriter writer(&buffer, "jpeg");
-            writer.setProgressiveScanWrite(true);
-            writer.write(image);
-            return bytes;
-        }();
+        QTest::newRow("progressive jpeg") << jpegWritten(image, true);
         QTest::newRow("jpeg with data after its end") << encode(image, "jpeg", 90) + QByteArray(500, 'x');
         QTest::newRow("jpeg with a thumbnail") << withThumbnail(encode(image, "jpeg", 90));
         QTest::newRow("png") << encode(image, "png");

@@ -31,49 +31,21 @@ qint64 checkedSum(qint64 a, qint64 b)
 QImage ImageCropperImp::crop(const QuorvaneSdkImageCropInput& input)
 {
     log("start crop image");
-    validateCropRange(input);
-    const QRectF rect(double(input.startXPoint), double(input.startYPoint), double(input.width),
-                      double(input.height));
-    std::optional<QImage> result = crop(input, rect);
-    if (!result) {
-        log("crop image failed", SharedQuorvaneSdkLogSeverity::error);
-        throw QuorvaneSdkImageError(QuorvaneSdkImageError::unableToCropImage);
-    }
-    return std::move(*result);
-}
-
-void ImageCropperImp::validateCropRange(const QuorvaneSdkImageCropInput& input)
-{
-    const QSizeF size = input.image.deviceIndependentSize();
-    const qint64 width = truncatedToInt64(size.width(), "ImageCropperImp: image width");
-    const qint64 height = truncatedToInt64(size.height(), "ImageCropperImp: image height");
-    // Zero or negative extents pass here on purpose; the cut refuses them.
-    const bool valid = input.startXPoint >= 0 && input.startYPoint >= 0 &&
-                       checkedSum(input.startXPoint, input.width) <= width &&
-                       checkedSum(input.startYPoint, input.height) <= height;
-    if (!valid) {
+    const QImage& original = input.image;
+    const auto cut = cutPixels(original.size(), original.devicePixelRatio(), input.startXPoint,
+                               input.startYPoint, input.width, input.height);
+    if (std::holds_alternative<QuorvaneSdkImageError::Code>(cut) &&
+        std::get<QuorvaneSdkImageError::Code>(cut) == QuorvaneSdkImageError::invalidCropRange) {
         log("invalid crop range", SharedQuorvaneSdkLogSeverity::error);
         throw QuorvaneSdkImageError(QuorvaneSdkImageError::invalidCropRange);
     }
-}
-
-std::optional<QImage> ImageCropperImp::crop(const QuorvaneSdkImageCropInput& input, const QRectF& cropRect)
-{
     log("crop image");
-    const QImage& original = input.image;
-    if (original.isNull())
-        return std::nullopt;
-    const qreal scale = original.devicePixelRatio();
-    const QRectF pixels(cropRect.x() * scale, cropRect.y() * scale, cropRect.width() * scale,
-                        cropRect.height() * scale);
-    if (!(pixels.width() > 0) || !(pixels.height() > 0))
-        return std::nullopt;
-    // Fractional pixel edges widen to whole pixels, as bitmap cuts do.
-    const QRect whole(QPoint(int(std::floor(pixels.left())), int(std::floor(pixels.top()))),
-                      QPoint(int(std::ceil(pixels.right())) - 1, int(std::ceil(pixels.bottom())) - 1));
-    if (!original.rect().contains(whole))
-        return std::nullopt;
-
+    const Cut* pixels = std::get_if<Cut>(&cut);
+    if (original.isNull() || !pixels) {
+        log("crop image failed", SharedQuorvaneSdkLogSeverity::error);
+        throw QuorvaneSdkImageError(QuorvaneSdkImageError::unableToCropImage);
+    }
+    const QRect& whole = pixels->whole;
     const Mirroring seen = seenMirroring(input.rotation, {input.flipHorizontally, input.flipVertically});
     const bool mirrorLeftRight = seen.leftRight;
     const bool mirrorTopBottom = seen.topBottom;
@@ -81,7 +53,7 @@ std::optional<QImage> ImageCropperImp::crop(const QuorvaneSdkImageCropInput& inp
     // turned copy in between would cost as much memory as the photo itself.
     const double quarters = input.rotation.degrees() / 90.0;
     std::optional<QImage> result;
-    if (QRectF(whole) == pixels && quarters == std::floor(quarters) && std::abs(quarters) < 1e9)
+    if (QRectF(whole) == pixels->exact && quarters == std::floor(quarters) && std::abs(quarters) < 1e9)
         result = ImageHelpers::cutTurnedAndMirrored(original, whole, int(std::fmod(quarters, 4.0)),
                                                     mirrorLeftRight, mirrorTopBottom);
     else if (input.rotation.radians() != 0.0)
@@ -90,7 +62,31 @@ std::optional<QImage> ImageCropperImp::crop(const QuorvaneSdkImageCropInput& inp
     // No turn, or one that could not be made: the cut stays as it is.
     if (!result)
         result = ImageHelpers::cutTurnedAndMirrored(original, whole, 0, mirrorLeftRight, mirrorTopBottom);
-    return result;
+    if (!result) {
+        log("crop image failed", SharedQuorvaneSdkLogSeverity::error);
+        throw QuorvaneSdkImageError(QuorvaneSdkImageError::unableToCropImage);
+    }
+    return std::move(*result);
+}
+
+std::variant<ImageCropperImp::Cut, QuorvaneSdkImageError::Code>
+ImageCropperImp::cutPixels(QSize pixels, qreal scale, qint64 x, qint64 y, qint64 width, qint64 height)
+{
+    const QSizeF size = QSizeF(pixels) / scale;
+    const qint64 pointsWide = truncatedToInt64(size.width(), "ImageCropperImp: image width");
+    const qint64 pointsHigh = truncatedToInt64(size.height(), "ImageCropperImp: image height");
+    // Zero or negative extents pass here on purpose; the cut refuses them.
+    if (x < 0 || y < 0 || checkedSum(x, width) > pointsWide || checkedSum(y, height) > pointsHigh)
+        return QuorvaneSdkImageError::invalidCropRange;
+    const QRectF exact(double(x) * scale, double(y) * scale, double(width) * scale, double(height) * scale);
+    if (!(exact.width() > 0) || !(exact.height() > 0))
+        return QuorvaneSdkImageError::unableToCropImage;
+    // Fractional pixel edges widen to whole pixels, as bitmap cuts do.
+    const QRect whole(QPoint(int(std::floor(exact.left())), int(std::floor(exact.top()))),
+                      QPoint(int(std::ceil(exact.right())) - 1, int(std::ceil(exact.bottom())) - 1));
+    if (!QRect(QPoint(0, 0), pixels).contains(whole))
+        return QuorvaneSdkImageError::unableToCropImage;
+    return Cut{exact, whole};
 }
 
 std::optional<QImage> ImageCropperImp::resizeImage(const QImage& image, QSizeF newSize)
