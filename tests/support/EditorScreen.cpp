@@ -1,5 +1,7 @@
 #include "EditorScreen.h"
 
+#include "Emulation.h"
+
 #include "Editor/Helpers/ModuleResources.h"
 #include "Editor/QuorvaneSdkImageEditorViewModel.h"
 
@@ -25,11 +27,11 @@ EditorScreen::EditorScreen(const QuorvaneSdkImageEditorPreset& preset, QSize siz
     m_view.setSource(ModuleResources::url(QStringLiteral("Editor/QuorvaneSdkImageEditorView.qml")));
     m_view.show();
     QObject* root = m_view.rootObject();
-    if (!QTest::qWaitForWindowExposed(&m_view) || !root)
+    if (!QTest::qWaitForWindowExposed(&m_view, patience(5000)) || !root)
         qFatal("the editor screen did not load: %s", qPrintable(m_view.errors().value(0).toString()));
     // Keys go to the active window; an X server without a window manager activates none by itself.
     m_view.requestActivate();
-    if (!QTest::qWaitForWindowActive(&m_view))
+    if (!QTest::qWaitForWindowActive(&m_view, patience(5000)))
         qFatal("the editor screen did not become the active window");
     const QMetaObject* meta = root->metaObject();
     m_completions = std::make_unique<QSignalSpy>(
@@ -165,10 +167,13 @@ bool EditorScreen::waitForToolPage()
     const QQuickItem* loader = find("toolPage");
     const QObject* spring = m_view.rootObject()->findChild<QObject*>(QStringLiteral("pageSpring"));
     // The spring starts with the next animation tick, not at once: wait for it to start, then to settle.
-    const bool started = QTest::qWaitFor([&] { return spring && spring->property("running").toBool(); }, 500);
-    return QTest::qWaitFor([&] {
-        return started && toolPage() && !spring->property("running").toBool() && loader->scale() == 1.0;
-    });
+    const bool started =
+        QTest::qWaitFor([&] { return spring && spring->property("running").toBool(); }, patience(500));
+    return QTest::qWaitFor(
+        [&] {
+            return started && toolPage() && !spring->property("running").toBool() && loader->scale() == 1.0;
+        },
+        patience(5000));
 }
 
 QQuickItem* EditorScreen::toolPage() const

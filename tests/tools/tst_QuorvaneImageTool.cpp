@@ -1,4 +1,5 @@
 #include "Editor/Filters/Engine/CpuColorEngine.h"
+#include "Emulation.h"
 #include "ExifTool.h"
 #include "TestImages.h"
 
@@ -58,6 +59,7 @@ private:
 private slots:
     void initTestCase()
     {
+        QUORVANE_SKIP_WITHOUT_PROCESSES();
         QVERIFY2(QFileInfo::exists(qEnvironmentVariable("QUORVANE_TOOL")), "QUORVANE_TOOL names the tool");
         QVERIFY(writeFile(file(QStringLiteral("photo.png")), encode(quadrants(QSize(120, 80)), "png")));
         const QString camera = file(QStringLiteral("camera.jpg"));

@@ -1,8 +1,8 @@
 #include "ImageGeometry.h"
 
+#include "FreeTurn.h"
 #include "ImageHelpers.h"
 
-#include <QPainter>
 #include <QTransform>
 #include <cmath>
 #include <cstring>
@@ -43,8 +43,11 @@ struct Canvas
 // What rotate() draws an image of size points on: the floor of the turned bounding box, in points.
 Canvas canvasFor(QSizeF size, qreal scale, double radians)
 {
-    const QRectF bounds = QTransform().rotateRadians(radians).mapRect(QRectF(QPointF(0, 0), size));
-    const QSizeF points(std::floor(bounds.width()), std::floor(bounds.height()));
+    const CosSin turn = cosSin(radians);
+    const double cos = std::abs(turn.cos);
+    const double sin = std::abs(turn.sin);
+    const QSizeF points(std::floor(size.width() * cos + size.height() * sin),
+                        std::floor(size.width() * sin + size.height() * cos));
     return {points, QSize(int(std::ceil(points.width() * scale)), int(std::ceil(points.height() * scale)))};
 }
 
@@ -283,18 +286,12 @@ std::optional<QImage> cutRotatedAndMirrored(const QImage& image, const QRect& pi
         return result;
     }
 
-    QImage result = newImage(canvas.pixels, drawingFormat(image));
+    const qreal centreX = canvas.points.width() * scale / 2.0;
+    const qreal centreY = canvas.points.height() * scale / 2.0;
+    QImage result = drawnTurned(image, pixels, radians, canvas.pixels, QPointF(centreX, centreY));
     if (result.isNull())
         return std::nullopt;
     keepMetadata(result, image);
-    result.fill(Qt::transparent);
-    QPainter painter(&result);
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-    painter.translate(canvas.points.width() / 2, canvas.points.height() / 2);
-    painter.rotate(qRadiansToDegrees(radians));
-    // Drawn from the original: the painter samples only inside pixels, so no cut is needed.
-    painter.drawImage(QRectF(QPointF(-size.width() / 2, -size.height() / 2), size), image, QRectF(pixels));
-    painter.end();
     result.mirror(mirrorLeftRight, mirrorTopBottom);
     return result;
 }

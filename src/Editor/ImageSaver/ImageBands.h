@@ -46,3 +46,7 @@ public:
 private:
     QImage m_image;
 };
+
+/// \a band in \a format, as QImage::convertToFormat() makes it, except that premultiplied pixels are made
+/// straight here: Qt's vector code rounds that differently on x86-64 and on ARM.
+QImage convertedBand(const QImage& band, QImage::Format format);

@@ -174,7 +174,7 @@ bool encode(Session& s, ImageBands& bands, int quality, QByteArrayView exif, QBy
         const int count = std::min(kBandRows, shape.size.height() - top);
         s.band = bands.band(top, count);
         if (!s.band.isNull() && s.input.convertTo != QImage::Format_Invalid)
-            s.band = s.band.convertToFormat(s.input.convertTo);
+            s.band = convertedBand(s.band, s.input.convertTo);
         if (s.band.isNull())
             return false;
         for (int y = 0; y < count; ++y)

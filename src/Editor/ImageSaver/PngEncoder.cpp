@@ -211,7 +211,7 @@ private:
     QImage band(int top, QImage::Format format)
     {
         const QImage rows = m_bands.band(top, std::min(m_bandRows, m_height - top));
-        return format == QImage::Format_Invalid || rows.isNull() ? rows : rows.convertToFormat(format);
+        return format == QImage::Format_Invalid || rows.isNull() ? rows : convertedBand(rows, format);
     }
 
     // Whether every band, in format, passes test: a look at the whole picture before its first row is

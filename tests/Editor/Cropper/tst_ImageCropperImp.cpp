@@ -1,9 +1,9 @@
 #include "Editor/Cropper/Engine/ImageCropperImp.h"
+#include "Editor/Helpers/FreeTurn.h"
 #include "Error/QuorvaneSdkImageError.h"
 #include "LogRecorder.h"
 #include "TestImages.h"
 
-#include <QPainter>
 #include <QTest>
 #include <QTransform>
 
@@ -23,8 +23,8 @@ QImage coordinates(QSize size, qreal scale)
     return image;
 }
 
-// The cut of pixels turned as the crop screen shows it, in plain steps: a copy, drawn turned by a QTransform
-// on the floored bounding box, then mirrored.
+// The cut of pixels turned as the crop screen shows it, in plain steps: a copy, drawn turned on the floored
+// bounding box, then mirrored.
 QImage turnedCopy(const QImage& image, const QRect& pixels, double degrees, bool mirrorTopBottom)
 {
     const QImage cut = image.copy(pixels);
@@ -32,15 +32,11 @@ QImage turnedCopy(const QImage& image, const QRect& pixels, double degrees, bool
     const QRectF bounds = QTransform().rotate(degrees).mapRect(QRectF(QPointF(0, 0), size));
     const QSizeF points(std::floor(bounds.width()), std::floor(bounds.height()));
     const qreal scale = image.devicePixelRatio();
-    QImage canvas(QSize(int(std::ceil(points.width() * scale)), int(std::ceil(points.height() * scale))),
-                  QImage::Format_ARGB32_Premultiplied);
+    QImage canvas = ImageHelpers::drawnTurned(
+        cut, cut.rect(), qDegreesToRadians(degrees),
+        QSize(int(std::ceil(points.width() * scale)), int(std::ceil(points.height() * scale))),
+        QPointF(points.width(), points.height()) * scale / 2);
     canvas.setDevicePixelRatio(scale);
-    canvas.fill(Qt::transparent);
-    QPainter painter(&canvas);
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-    painter.setTransform(QTransform().translate(points.width() / 2, points.height() / 2).rotate(degrees));
-    painter.drawImage(QRectF(QPointF(-size.width() / 2, -size.height() / 2), size), cut);
-    painter.end();
     return canvas.mirrored(false, mirrorTopBottom);
 }
 

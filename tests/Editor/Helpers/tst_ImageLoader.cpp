@@ -31,6 +31,14 @@ QByteArray jpegWritten(const QImage& image, bool progressive = false)
     return bytes;
 }
 
+// Rows named after a format of Qt's optional plugins (qt6-image-formats-plugins), which the arm64 build
+// goes without: its package would replace the host's.
+bool pluginMissingForRow()
+{
+    const QByteArray format = QByteArray(QTest::currentDataTag()).split(' ').first();
+    return (format == "icns" || format == "mng") && !QImageReader::supportedImageFormats().contains(format);
+}
+
 } // namespace
 
 class tst_ImageLoader : public QObject
@@ -139,6 +147,8 @@ private slots:
     void goodFiles_decodeAsAPlainReaderDoes()
     {
         QFETCH(QByteArray, bytes);
+        if (pluginMissingForRow())
+            QSKIP("Qt's plugin for this format is not installed.");
         // The extension lies on purpose: content decides.
         const QString path = write(QStringLiteral("good.img"), bytes);
 
@@ -196,6 +206,8 @@ private slots:
     {
         QFETCH(QByteArray, bytes);
         QFETCH(QString, reason);
+        if (pluginMissingForRow())
+            QSKIP("Qt's plugin for this format is not installed.");
         const QString path = write(QStringLiteral("bad.jpg"), bytes);
 
         const ImageLoadResult loaded = loadImageFile(path, 100'000'000);

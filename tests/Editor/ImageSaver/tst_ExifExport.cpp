@@ -1,6 +1,7 @@
 #include "Editor/Helpers/ImageLoader.h"
 #include "Editor/ImageSaver/ExifExport.h"
 #include "Editor/ImageSaver/ImageSaverImp.h"
+#include "Emulation.h"
 #include "ExifTool.h"
 #include "TestImages.h"
 
@@ -96,6 +97,7 @@ private slots:
         const QUrl written = ImageSaverImp().save(
             *loaded.image, QuorvaneSdkImageOutputFormat::jpg(90),
             QUrl::fromLocalFile(m_dir.filePath(QStringLiteral("out.jpg"))), loaded.metadata, {});
+        QUORVANE_SKIP_WITHOUT_PROCESSES();
         const QVariantMap tags = ExifTool::tagsOf(written.toLocalFile());
         QCOMPARE(tags.value(QStringLiteral("File:ImageWidth")).toInt(), 40);
         QCOMPARE(tags.value(QStringLiteral("IFD0:Make")).toString(),

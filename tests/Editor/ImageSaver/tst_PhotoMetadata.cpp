@@ -2,6 +2,7 @@
 #include "Editor/Cropper/Engine/ImageCropperImp.h"
 #include "Editor/Filters/Engine/FiltersManager.h"
 #include "Editor/QuorvaneSdkImageEditorViewModel.h"
+#include "Emulation.h"
 #include "ExifTool.h"
 #include "TestImages.h"
 
@@ -105,6 +106,7 @@ private:
 private slots:
     void initTestCase()
     {
+        QUORVANE_SKIP_WITHOUT_PROCESSES();
         QVERIFY2(!ExifTool::run({QStringLiteral("-ver")}).isEmpty(),
                  "exiftool is installed (scripts/install-deps)");
     }

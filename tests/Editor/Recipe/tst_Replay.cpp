@@ -2,6 +2,7 @@
 #include "Editor/QuorvaneSdkImageEditorViewModel.h"
 #include "Editor/Recipe/Rendering.h"
 #include "Editor/Recipe/Replay.h"
+#include "Emulation.h"
 #include "TestImages.h"
 
 #include <QColorSpace>
@@ -118,6 +119,18 @@ private slots:
         QVERIFY(result && result->editedImageURL());
         const QByteArray exportedBytes = TestImages::readFile(exported);
         QVERIFY(!exportedBytes.isEmpty());
+        QuorvaneSdkImageEditorPreset again(QUrl::fromLocalFile(photo));
+        QCOMPARE(again.setRecipe(result->recipe().toUtf8()), QString());
+        QuorvaneSdkImageEditorViewModel reopened(again);
+        ImageEditorViewModel& steps = *reopened.editor();
+        QCOMPARE(steps.previousImageVersionCount(), 2);
+        QVERIFY(steps.image() == drawn);
+        steps.restoreLastImageVersion();
+        QVERIFY(steps.image() == cropped);
+        steps.restoreLastImageVersion();
+        QCOMPARE(steps.image().size(), QSize(4224, 3168));
+
+        QUORVANE_SKIP_WITHOUT_PROCESSES();
         const QString recipe = m_dir.filePath(QStringLiteral("edit.json"));
         QVERIFY(TestImages::writeFile(recipe, result->recipe().toUtf8()));
 
@@ -138,22 +151,12 @@ private slots:
         QVERIFY2(code == 0, qPrintable(said));
         for (int i = 0; i < 20; ++i)
             QVERIFY(TestImages::readFile(many + QStringLiteral("/out/photo-%1.jpg").arg(i)) == exportedBytes);
-
-        QuorvaneSdkImageEditorPreset again(QUrl::fromLocalFile(photo));
-        QCOMPARE(again.setRecipe(result->recipe().toUtf8()), QString());
-        QuorvaneSdkImageEditorViewModel reopened(again);
-        ImageEditorViewModel& steps = *reopened.editor();
-        QCOMPARE(steps.previousImageVersionCount(), 2);
-        QVERIFY(steps.image() == drawn);
-        steps.restoreLastImageVersion();
-        QVERIFY(steps.image() == cropped);
-        steps.restoreLastImageVersion();
-        QCOMPARE(steps.image().size(), QSize(4224, 3168));
     }
 
     // The tool's own edit, colour included, written as a recipe and replayed.
     void toolRecipe_replaysToTheSameFile()
     {
+        QUORVANE_SKIP_WITHOUT_PROCESSES();
         const QString edited = m_dir.filePath(QStringLiteral("tool.png"));
         const QString recipe = m_dir.filePath(QStringLiteral("tool.json"));
         auto [code, said] =
@@ -191,6 +194,7 @@ private slots:
         QFETCH(QByteArray, recipe);
         QFETCH(QStringList, options);
         QFETCH(QString, refusal);
+        QUORVANE_SKIP_WITHOUT_PROCESSES();
         QTemporaryDir dir;
         const QString path = dir.filePath(QStringLiteral("recipe.json"));
         QVERIFY(TestImages::writeFile(path, recipe));
@@ -228,7 +232,7 @@ private slots:
             << QByteArray("00dcf9ea49d7b605");
         QTest::newRow("photo: free angle")
             << dragonfly << QList<Step>{Crop{QRectF(0, 0, 1, 1), 0, 12.5, false, false}}
-            << QByteArray("89c4eba5ddf4c1fc");
+            << QByteArray("f10bd0b54d0d11a7");
         QTest::newRow("photo: colour") << dragonfly << QList<Step>{color} << QByteArray("f7dd33442b4e1e0c");
         QTest::newRow("photo: cut, turn, then colour")
             << dragonfly << QList<Step>{Crop{QRectF(0.25, 0.125, 0.5, 0.75), 1, 0, false, true}, color}

@@ -1,0 +1,187 @@
+#include "FreeTurn.h"
+
+#include "ImageHelpers.h"
+
+#include <QRgba64>
+#include <algorithm>
+#include <cmath>
+
+namespace ImageHelpers {
+
+CosSin cosSin(double radians)
+{
+    // Pi / 2 in two parts, the first of 33 bits, so that taking whole quarters off a large angle is exact.
+    const double halfPiHigh = 1.57079632673412561417e+00;
+    const double halfPiLow = 6.07710050650619224932e-11;
+    const double quarters = std::nearbyint(radians / (M_PI / 2.0));
+    const double r = (radians - quarters * halfPiHigh) - quarters * halfPiLow;
+    const double r2 = r * r;
+    // Taylor series to the 17th power: its first dropped term is below 1e-16 for |r| <= pi / 4.
+    const double s =
+        r * (1.0 +
+             r2 * (-1.0 / 6.0 +
+                   r2 * (1.0 / 120.0 +
+                         r2 * (-1.0 / 5040.0 + r2 * (1.0 / 362880.0 +
+                                                     r2 * (-1.0 / 39916800.0 +
+                                                           r2 * (1.0 / 6227020800.0 +
+                                                                 r2 * (-1.0 / 1307674368000.0 +
+                                                                       r2 * (1.0 / 355687428096000.0)))))))));
+    const double c =
+        1.0 +
+        r2 * (-1.0 / 2.0 +
+              r2 * (1.0 / 24.0 +
+                    r2 * (-1.0 / 720.0 +
+                          r2 * (1.0 / 40320.0 +
+                                r2 * (-1.0 / 3628800.0 +
+                                      r2 * (1.0 / 479001600.0 +
+                                            r2 * (-1.0 / 87178291200.0 + r2 * (1.0 / 20922789888000.0))))))));
+    switch (int(std::fmod(std::fmod(quarters, 4.0) + 4.0, 4.0))) {
+    case 1:
+        return {-s, c};
+    case 2:
+        return {-c, -s};
+    case 3:
+        return {s, -c};
+    default:
+        return {c, s};
+    }
+}
+
+namespace {
+
+// One channel of four neighbours mixed by 8-bit weights, then scaled by the pixel's coverage (0 to 256).
+template <typename Channel>
+Channel mixed(Channel tl, Channel tr, Channel bl, Channel br, int fx, int fy, int cover)
+{
+    const qint64 top = qint64(tl) * (256 - fx) + qint64(tr) * fx;
+    const qint64 bottom = qint64(bl) * (256 - fx) + qint64(br) * fx;
+    const qint64 value = (top * (256 - fy) + bottom * fy + 32768) >> 16;
+    return Channel((value * cover + 128) >> 8);
+}
+
+quint32 mixedPixel(quint32 tl, quint32 tr, quint32 bl, quint32 br, int fx, int fy, int cover)
+{
+    quint32 out = 0;
+    for (int shift = 0; shift < 32; shift += 8) {
+        out |= quint32(mixed<quint32>((tl >> shift) & 0xFF, (tr >> shift) & 0xFF, (bl >> shift) & 0xFF,
+                                      (br >> shift) & 0xFF, fx, fy, cover))
+               << shift;
+    }
+    return out;
+}
+
+QRgba64 mixedPixel(QRgba64 tl, QRgba64 tr, QRgba64 bl, QRgba64 br, int fx, int fy, int cover)
+{
+    return QRgba64::fromRgba64(mixed<quint16>(tl.red(), tr.red(), bl.red(), br.red(), fx, fy, cover),
+                               mixed<quint16>(tl.green(), tr.green(), bl.green(), br.green(), fx, fy, cover),
+                               mixed<quint16>(tl.blue(), tr.blue(), bl.blue(), br.blue(), fx, fy, cover),
+                               mixed<quint16>(tl.alpha(), tr.alpha(), bl.alpha(), br.alpha(), fx, fy, cover));
+}
+
+// The cut, premultiplied in the drawing format: read where it lies when it is already so, else a copy
+// premultiplied here (Qt's premultiplying differs between processors for 16-bit pixels).
+QImage premultipliedCut(const QImage& image, const QRect& pixels, bool deep)
+{
+    const QImage::Format format = image.format();
+    if (format == (deep ? QImage::Format_RGBA64_Premultiplied : QImage::Format_ARGB32_Premultiplied))
+        return image;
+    // Its unused byte is read as opaque (draw()).
+    if (!deep && format == QImage::Format_RGB32)
+        return image;
+    const bool premultiplied = image.pixelFormat().premultiplied() == QPixelFormat::Premultiplied;
+    if (deep) {
+        QImage cut = image.copy(pixels).convertToFormat(premultiplied ? QImage::Format_RGBA64_Premultiplied
+                                                                      : QImage::Format_RGBA64);
+        if (cut.isNull() || premultiplied)
+            return cut;
+        for (int y = 0; y < cut.height(); ++y) {
+            auto* row = reinterpret_cast<QRgba64*>(cut.scanLine(y));
+            for (int x = 0; x < cut.width(); ++x)
+                row[x] = qPremultiply(row[x]);
+        }
+        return cut.reinterpretAsFormat(QImage::Format_RGBA64_Premultiplied) ? cut : QImage();
+    }
+    QImage cut = image.copy(pixels).convertToFormat(premultiplied ? QImage::Format_ARGB32_Premultiplied
+                                                                  : QImage::Format_ARGB32);
+    if (cut.isNull() || premultiplied)
+        return cut;
+    for (int y = 0; y < cut.height(); ++y) {
+        auto* row = reinterpret_cast<QRgb*>(cut.scanLine(y));
+        for (int x = 0; x < cut.width(); ++x)
+            row[x] = qPremultiply(row[x]);
+    }
+    return cut.reinterpretAsFormat(QImage::Format_ARGB32_Premultiplied) ? cut : QImage();
+}
+
+quint32 withAlpha(quint32 pixel, quint32 opaque)
+{
+    return pixel | opaque;
+}
+
+QRgba64 withAlpha(QRgba64 pixel, quint32)
+{
+    return pixel;
+}
+
+template <typename Pixel>
+void draw(const QImage& source, QPoint origin, QSize size, const CosSin& turn, QPointF centre, QImage& canvas)
+{
+    const int w = size.width();
+    const int h = size.height();
+    const quint32 opaque = source.format() == QImage::Format_RGB32 ? 0xFF000000u : 0;
+    const auto at = [&](int x, int y) {
+        return withAlpha(reinterpret_cast<const Pixel*>(source.constScanLine(origin.y() + y))[origin.x() + x],
+                         opaque);
+    };
+    for (int y = 0; y < canvas.height(); ++y) {
+        auto* out = reinterpret_cast<Pixel*>(canvas.scanLine(y));
+        const double py = y + 0.5 - centre.y();
+        for (int x = 0; x < canvas.width(); ++x) {
+            const double px = x + 0.5 - centre.x();
+            // Where this pixel's centre lies in the cut, whose pixels are unit squares from (0, 0).
+            const double sx = w / 2.0 + px * turn.cos + py * turn.sin;
+            const double sy = h / 2.0 - px * turn.sin + py * turn.cos;
+            // Coverage falls off linearly across the pixel that straddles an edge.
+            const double coverX = std::clamp(std::min(sx, w - sx) + 0.5, 0.0, 1.0);
+            const double coverY = std::clamp(std::min(sy, h - sy) + 0.5, 0.0, 1.0);
+            const int cover = int(coverX * coverY * 256.0 + 0.5);
+            if (cover == 0) {
+                out[x] = Pixel{};
+                continue;
+            }
+            const double u = sx - 0.5;
+            const double v = sy - 0.5;
+            const double left = std::floor(u);
+            const double top = std::floor(v);
+            const int fx = int((u - left) * 256.0);
+            const int fy = int((v - top) * 256.0);
+            const int x0 = std::clamp(int(left), 0, w - 1);
+            const int x1 = std::clamp(int(left) + 1, 0, w - 1);
+            const int y0 = std::clamp(int(top), 0, h - 1);
+            const int y1 = std::clamp(int(top) + 1, 0, h - 1);
+            out[x] = mixedPixel(at(x0, y0), at(x1, y0), at(x0, y1), at(x1, y1), fx, fy, cover);
+        }
+    }
+}
+
+} // namespace
+
+QImage drawnTurned(const QImage& image, const QRect& pixels, double radians, QSize canvas, QPointF centre)
+{
+    const bool deep = drawingFormat(image) == QImage::Format_RGBA64_Premultiplied;
+    const QImage source = premultipliedCut(image, pixels, deep);
+    QImage result =
+        newImage(canvas, deep ? QImage::Format_RGBA64_Premultiplied : QImage::Format_ARGB32_Premultiplied);
+    if (source.isNull() || result.isNull())
+        return {};
+    // A copy starts at the cut's corner; the image itself is read from the cut's place.
+    const QPoint origin = source.constBits() == image.constBits() ? pixels.topLeft() : QPoint(0, 0);
+    const CosSin turn = cosSin(radians);
+    if (deep)
+        draw<QRgba64>(source, origin, pixels.size(), turn, centre, result);
+    else
+        draw<quint32>(source, origin, pixels.size(), turn, centre, result);
+    return result;
+}
+
+} // namespace ImageHelpers
