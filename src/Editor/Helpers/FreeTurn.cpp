@@ -164,7 +164,128 @@ void draw(const QImage& source, QPoint origin, QSize size, const CosSin& turn, Q
     }
 }
 
+// dst under src, both premultiplied: src + dst·(1 − src alpha), rounded as Qt rounds it.
+quint32 over(quint32 src, quint32 dst)
+{
+    const quint32 keep = 255 - (src >> 24);
+    quint32 out = 0;
+    for (int shift = 0; shift < 32; shift += 8) {
+        const quint32 t = ((dst >> shift) & 0xFF) * keep;
+        out |= (((src >> shift) & 0xFF) + ((t + 128 + ((t + 128) >> 8)) >> 8)) << shift;
+    }
+    return out;
+}
+
+QRgba64 over(quint32 src, QRgba64 dst)
+{
+    const QRgba64 wide = QRgba64::fromArgb32(src);
+    const quint64 keep = 65535 - wide.alpha();
+    const auto channel = [keep](quint16 s, quint16 d) {
+        const quint64 t = quint64(d) * keep;
+        return quint16(s + ((t + 32768 + ((t + 32768) >> 16)) >> 16));
+    };
+    return QRgba64::fromRgba64(channel(wide.red(), dst.red()), channel(wide.green(), dst.green()),
+                               channel(wide.blue(), dst.blue()), channel(wide.alpha(), dst.alpha()));
+}
+
+template <typename Pixel>
+void drawOver(QImage& canvas, const QImage& picture, const PictureMap& map, const QRect& area)
+{
+    const int w = picture.width();
+    const int h = picture.height();
+    const auto at = [&](int x, int y) {
+        return reinterpret_cast<const quint32*>(picture.constScanLine(y))[x];
+    };
+    // Picture pixels per canvas pixel across each pair of edges: coverage is measured in canvas pixels.
+    const double acrossU = std::sqrt(map.m11 * map.m11 + map.m12 * map.m12);
+    const double acrossV = std::sqrt(map.m21 * map.m21 + map.m22 * map.m22);
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        auto* out = reinterpret_cast<Pixel*>(canvas.scanLine(y));
+        for (int x = area.left(); x <= area.right(); ++x) {
+            const double u = map.m11 * (x + 0.5) + map.m12 * (y + 0.5) + map.dx;
+            const double v = map.m21 * (x + 0.5) + map.m22 * (y + 0.5) + map.dy;
+            const double coverU = std::clamp(std::min(u, w - u) / acrossU + 0.5, 0.0, 1.0);
+            const double coverV = std::clamp(std::min(v, h - v) / acrossV + 0.5, 0.0, 1.0);
+            const int cover = int(coverU * coverV * 256.0 + 0.5);
+            if (cover == 0)
+                continue;
+            const double left = std::floor(u - 0.5);
+            const double top = std::floor(v - 0.5);
+            const int fx = int((u - 0.5 - left) * 256.0);
+            const int fy = int((v - 0.5 - top) * 256.0);
+            const int x0 = std::clamp(int(left), 0, w - 1);
+            const int x1 = std::clamp(int(left) + 1, 0, w - 1);
+            const int y0 = std::clamp(int(top), 0, h - 1);
+            const int y1 = std::clamp(int(top) + 1, 0, h - 1);
+            const quint32 sample = mixedPixel(at(x0, y0), at(x1, y0), at(x0, y1), at(x1, y1), fx, fy, cover);
+            if (sample != 0)
+                out[x] = over(sample, out[x]);
+        }
+    }
+}
+
 } // namespace
+
+PictureMap placedPicture(QSize pixels, const QRectF& rect, double radians, double magnification, qreal scale)
+{
+    // Canvas pixel -> point -> undo the turn and the magnification about the centre -> picture pixel.
+    const CosSin turn = cosSin(radians);
+    const QPointF centre = rect.center();
+    const double toU = pixels.width() / rect.width();
+    const double toV = pixels.height() / rect.height();
+    // (X / scale − centre) turned back and shrunk, plus centre − rect's corner, in picture pixels.
+    const double a = turn.cos / magnification / scale;
+    const double b = turn.sin / magnification / scale;
+    const double cx = centre.x();
+    const double cy = centre.y();
+    PictureMap map;
+    map.m11 = a * toU;
+    map.m12 = b * toU;
+    map.m21 = -b * toV;
+    map.m22 = a * toV;
+    map.dx = ((-cx * turn.cos - cy * turn.sin) / magnification + cx - rect.left()) * toU;
+    map.dy = ((cx * turn.sin - cy * turn.cos) / magnification + cy - rect.top()) * toV;
+    return map;
+}
+
+bool drawOver(QImage& canvas, const QImage& picture, const PictureMap& map)
+{
+    const bool deep = canvas.format() == QImage::Format_RGBA64_Premultiplied;
+    if ((!deep && canvas.format() != QImage::Format_ARGB32_Premultiplied) ||
+        picture.format() != QImage::Format_ARGB32_Premultiplied)
+        return false;
+    const double determinant = map.m11 * map.m22 - map.m12 * map.m21;
+    if (picture.isNull() || !std::isfinite(determinant) || determinant == 0.0)
+        return false;
+    // Only the canvas pixels under the picture's corners are visited.
+    double left = INFINITY;
+    double top = INFINITY;
+    double right = -INFINITY;
+    double bottom = -INFINITY;
+    for (const QPointF& corner : {QPointF(0, 0), QPointF(picture.width(), 0), QPointF(0, picture.height()),
+                                  QPointF(picture.width(), picture.height())}) {
+        const double u = corner.x() - map.dx;
+        const double v = corner.y() - map.dy;
+        const double x = (map.m22 * u - map.m12 * v) / determinant;
+        const double y = (map.m11 * v - map.m21 * u) / determinant;
+        left = std::min(left, x);
+        right = std::max(right, x);
+        top = std::min(top, y);
+        bottom = std::max(bottom, y);
+    }
+    const QRect area =
+        QRect(QPoint(int(std::max(-1.0, std::floor(left) - 1)), int(std::max(-1.0, std::floor(top) - 1))),
+              QPoint(int(std::min(double(canvas.width()), std::ceil(right) + 1)),
+                     int(std::min(double(canvas.height()), std::ceil(bottom) + 1))))
+            .intersected(canvas.rect());
+    if (area.isEmpty())
+        return true;
+    if (deep)
+        drawOver<QRgba64>(canvas, picture, map, area);
+    else
+        drawOver<quint32>(canvas, picture, map, area);
+    return true;
+}
 
 QImage drawnTurned(const QImage& image, const QRect& pixels, double radians, QSize canvas, QPointF centre)
 {

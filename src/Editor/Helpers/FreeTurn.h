@@ -22,4 +22,26 @@ CosSin cosSin(double radians);
 /// be made; \a pixels must lie inside the image.
 QImage drawnTurned(const QImage& image, const QRect& pixels, double radians, QSize canvas, QPointF centre);
 
+/// Where a canvas pixel's centre (X, Y) falls in a picture, in the picture's pixels (whose squares run from
+/// (0, 0)): u = m11·X + m12·Y + dx, v = m21·X + m22·Y + dy.
+struct PictureMap
+{
+    double m11 = 1;
+    double m12 = 0;
+    double m21 = 0;
+    double m22 = 1;
+    double dx = 0;
+    double dy = 0;
+};
+
+/// Where  picture lands when its  pixels-sized rectangle is placed at  rect (in the canvas's points,
+///  scale pixels each), then scaled by  magnification and turned by  radians about the rectangle's
+/// centre.
+PictureMap placedPicture(QSize pixels, const QRectF& rect, double radians, double magnification, qreal scale);
+
+/// Draws  picture (premultiplied ARGB32) over  canvas (premultiplied ARGB32 or RGBA64) where  map
+/// says: bilinear, edges antialiased, source over. False when the formats are other ones or the map cannot
+/// be inverted.
+bool drawOver(QImage& canvas, const QImage& picture, const PictureMap& map);
+
 } // namespace ImageHelpers
