@@ -258,8 +258,10 @@ private slots:
 
         // Rendered a band at a time, as the tool writes it, from the photo as each orientation stores it,
         // packed three bytes a pixel as the tool decodes it too.
-        for (int orientation : {1, 5, 6, 8}) {
-            for (bool packed : {false, true}) {
+        // Under the emulator, ten times slower, only the tool's own case: stored turned, packed.
+        const bool emulated = qEnvironmentVariableIsSet("QUORVANE_EMULATED");
+        for (int orientation : emulated ? QList<int>{6} : QList<int>{1, 5, 6, 8}) {
+            for (bool packed : emulated ? QList<bool>{true} : QList<bool>{false, true}) {
                 StoredPhoto stored{TestImages::displayed(photo, TestImages::inverseOrientation(orientation)),
                                    orientation};
                 if (packed)
