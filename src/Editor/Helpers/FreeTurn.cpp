@@ -78,39 +78,19 @@ QRgba64 mixedPixel(QRgba64 tl, QRgba64 tr, QRgba64 bl, QRgba64 br, int fx, int f
                                mixed<quint16>(tl.alpha(), tr.alpha(), bl.alpha(), br.alpha(), fx, fy, cover));
 }
 
-// The cut, premultiplied in the drawing format: read where it lies when it is already so, else a copy
-// premultiplied here (Qt's premultiplying differs between processors for 16-bit pixels).
+// The cut, premultiplied in the drawing format: read where it lies when it is already so (RGB32's unused byte
+// is read as opaque), else a copy premultiplied alike on every processor.
 QImage premultipliedCut(const QImage& image, const QRect& pixels, bool deep)
 {
     const QImage::Format format = image.format();
-    if (format == (deep ? QImage::Format_RGBA64_Premultiplied : QImage::Format_ARGB32_Premultiplied))
+    if (format == (deep ? QImage::Format_RGBA64_Premultiplied : QImage::Format_ARGB32_Premultiplied) ||
+        (!deep && format == QImage::Format_RGB32))
         return image;
-    // Its unused byte is read as opaque (draw()).
-    if (!deep && format == QImage::Format_RGB32)
-        return image;
-    const bool premultiplied = image.pixelFormat().premultiplied() == QPixelFormat::Premultiplied;
-    if (deep) {
-        QImage cut = image.copy(pixels).convertToFormat(premultiplied ? QImage::Format_RGBA64_Premultiplied
-                                                                      : QImage::Format_RGBA64);
-        if (cut.isNull() || premultiplied)
-            return cut;
-        for (int y = 0; y < cut.height(); ++y) {
-            auto* row = reinterpret_cast<QRgba64*>(cut.scanLine(y));
-            for (int x = 0; x < cut.width(); ++x)
-                row[x] = qPremultiply(row[x]);
-        }
-        return cut.reinterpretAsFormat(QImage::Format_RGBA64_Premultiplied) ? cut : QImage();
-    }
-    QImage cut = image.copy(pixels).convertToFormat(premultiplied ? QImage::Format_ARGB32_Premultiplied
-                                                                  : QImage::Format_ARGB32);
-    if (cut.isNull() || premultiplied)
-        return cut;
-    for (int y = 0; y < cut.height(); ++y) {
-        auto* row = reinterpret_cast<QRgb*>(cut.scanLine(y));
-        for (int x = 0; x < cut.width(); ++x)
-            row[x] = qPremultiply(row[x]);
-    }
-    return cut.reinterpretAsFormat(QImage::Format_ARGB32_Premultiplied) ? cut : QImage();
+    if (image.pixelFormat().premultiplied() == QPixelFormat::Premultiplied)
+        return image.copy(pixels).convertToFormat(deep ? QImage::Format_RGBA64_Premultiplied
+                                                       : QImage::Format_ARGB32_Premultiplied);
+    return premultipliedAlike(
+        image.copy(pixels).convertToFormat(deep ? QImage::Format_RGBA64 : QImage::Format_ARGB32));
 }
 
 quint32 withAlpha(quint32 pixel, quint32 opaque)
@@ -123,43 +103,68 @@ QRgba64 withAlpha(QRgba64 pixel, quint32)
     return pixel;
 }
 
-template <typename Pixel>
-void draw(const QImage& source, QPoint origin, QSize size, const CosSin& turn, QPointF centre, QImage& canvas)
+// A w × h picture's pixels from origin in an image's rows; an RGB32 image's unused byte is read as opaque.
+template <typename Pixel> struct Pixels
 {
-    const int w = size.width();
-    const int h = size.height();
-    const quint32 opaque = source.format() == QImage::Format_RGB32 ? 0xFF000000u : 0;
-    const auto at = [&](int x, int y) {
-        return withAlpha(reinterpret_cast<const Pixel*>(source.constScanLine(origin.y() + y))[origin.x() + x],
-                         opaque);
-    };
+    const uchar* bits;
+    qsizetype stride;
+    int w;
+    int h;
+    quint32 opaque;
+
+    Pixels(const QImage& image, QPoint origin, QSize size)
+        : bits(image.constBits() + origin.y() * image.bytesPerLine() + origin.x() * qsizetype(sizeof(Pixel)))
+        , stride(image.bytesPerLine())
+        , w(size.width())
+        , h(size.height())
+        , opaque(image.format() == QImage::Format_RGB32 ? 0xFF000000u : 0)
+    {}
+
+    Pixel at(int x, int y) const
+    {
+        return withAlpha(reinterpret_cast<const Pixel*>(bits + y * stride)[x], opaque);
+    }
+};
+
+// How much of a pixel the picture covers (0 to 256), from its centre's distances to the nearest edges
+// across and down, in the pixel's own units: it falls off linearly across a pixel that straddles an edge.
+int coverage(double across, double down)
+{
+    const double x = std::clamp(across + 0.5, 0.0, 1.0);
+    const double y = std::clamp(down + 0.5, 0.0, 1.0);
+    return int(x * y * 256.0 + 0.5);
+}
+
+// The picture at (u, v), in its pixels (unit squares from (0, 0)): bilinear, edges clamped, scaled by cover.
+template <typename Pixel> Pixel sampled(const Pixels<Pixel>& pixels, double u, double v, int cover)
+{
+    const double left = std::floor(u - 0.5);
+    const double top = std::floor(v - 0.5);
+    const int fx = int((u - 0.5 - left) * 256.0);
+    const int fy = int((v - 0.5 - top) * 256.0);
+    const int x0 = std::clamp(int(left), 0, pixels.w - 1);
+    const int x1 = std::clamp(int(left) + 1, 0, pixels.w - 1);
+    const int y0 = std::clamp(int(top), 0, pixels.h - 1);
+    const int y1 = std::clamp(int(top) + 1, 0, pixels.h - 1);
+    return mixedPixel(pixels.at(x0, y0), pixels.at(x1, y0), pixels.at(x0, y1), pixels.at(x1, y1), fx, fy,
+                      cover);
+}
+
+template <typename Pixel>
+void draw(const Pixels<Pixel>& cut, const CosSin& turn, QPointF centre, QImage& canvas)
+{
+    const int w = cut.w;
+    const int h = cut.h;
     for (int y = 0; y < canvas.height(); ++y) {
         auto* out = reinterpret_cast<Pixel*>(canvas.scanLine(y));
         const double py = y + 0.5 - centre.y();
         for (int x = 0; x < canvas.width(); ++x) {
             const double px = x + 0.5 - centre.x();
-            // Where this pixel's centre lies in the cut, whose pixels are unit squares from (0, 0).
+            // Where this pixel's centre lies in the cut.
             const double sx = w / 2.0 + px * turn.cos + py * turn.sin;
             const double sy = h / 2.0 - px * turn.sin + py * turn.cos;
-            // Coverage falls off linearly across the pixel that straddles an edge.
-            const double coverX = std::clamp(std::min(sx, w - sx) + 0.5, 0.0, 1.0);
-            const double coverY = std::clamp(std::min(sy, h - sy) + 0.5, 0.0, 1.0);
-            const int cover = int(coverX * coverY * 256.0 + 0.5);
-            if (cover == 0) {
-                out[x] = Pixel{};
-                continue;
-            }
-            const double u = sx - 0.5;
-            const double v = sy - 0.5;
-            const double left = std::floor(u);
-            const double top = std::floor(v);
-            const int fx = int((u - left) * 256.0);
-            const int fy = int((v - top) * 256.0);
-            const int x0 = std::clamp(int(left), 0, w - 1);
-            const int x1 = std::clamp(int(left) + 1, 0, w - 1);
-            const int y0 = std::clamp(int(top), 0, h - 1);
-            const int y1 = std::clamp(int(top) + 1, 0, h - 1);
-            out[x] = mixedPixel(at(x0, y0), at(x1, y0), at(x0, y1), at(x1, y1), fx, fy, cover);
+            const int cover = coverage(std::min(sx, w - sx), std::min(sy, h - sy));
+            out[x] = cover == 0 ? Pixel{} : sampled(cut, sx, sy, cover);
         }
     }
 }
@@ -191,11 +196,9 @@ QRgba64 over(quint32 src, QRgba64 dst)
 template <typename Pixel>
 void drawOver(QImage& canvas, const QImage& picture, const PictureMap& map, const QRect& area)
 {
-    const int w = picture.width();
-    const int h = picture.height();
-    const auto at = [&](int x, int y) {
-        return reinterpret_cast<const quint32*>(picture.constScanLine(y))[x];
-    };
+    const Pixels<quint32> pixels(picture, QPoint(0, 0), picture.size());
+    const int w = pixels.w;
+    const int h = pixels.h;
     // Picture pixels per canvas pixel across each pair of edges: coverage is measured in canvas pixels.
     const double acrossU = std::sqrt(map.m11 * map.m11 + map.m12 * map.m12);
     const double acrossV = std::sqrt(map.m21 * map.m21 + map.m22 * map.m22);
@@ -204,20 +207,10 @@ void drawOver(QImage& canvas, const QImage& picture, const PictureMap& map, cons
         for (int x = area.left(); x <= area.right(); ++x) {
             const double u = map.m11 * (x + 0.5) + map.m12 * (y + 0.5) + map.dx;
             const double v = map.m21 * (x + 0.5) + map.m22 * (y + 0.5) + map.dy;
-            const double coverU = std::clamp(std::min(u, w - u) / acrossU + 0.5, 0.0, 1.0);
-            const double coverV = std::clamp(std::min(v, h - v) / acrossV + 0.5, 0.0, 1.0);
-            const int cover = int(coverU * coverV * 256.0 + 0.5);
+            const int cover = coverage(std::min(u, w - u) / acrossU, std::min(v, h - v) / acrossV);
             if (cover == 0)
                 continue;
-            const double left = std::floor(u - 0.5);
-            const double top = std::floor(v - 0.5);
-            const int fx = int((u - 0.5 - left) * 256.0);
-            const int fy = int((v - 0.5 - top) * 256.0);
-            const int x0 = std::clamp(int(left), 0, w - 1);
-            const int x1 = std::clamp(int(left) + 1, 0, w - 1);
-            const int y0 = std::clamp(int(top), 0, h - 1);
-            const int y1 = std::clamp(int(top) + 1, 0, h - 1);
-            const quint32 sample = mixedPixel(at(x0, y0), at(x1, y0), at(x0, y1), at(x1, y1), fx, fy, cover);
+            const quint32 sample = sampled(pixels, u, v, cover);
             if (sample != 0)
                 out[x] = over(sample, out[x]);
         }
@@ -299,9 +292,9 @@ QImage drawnTurned(const QImage& image, const QRect& pixels, double radians, QSi
     const QPoint origin = source.constBits() == image.constBits() ? pixels.topLeft() : QPoint(0, 0);
     const CosSin turn = cosSin(radians);
     if (deep)
-        draw<QRgba64>(source, origin, pixels.size(), turn, centre, result);
+        draw(Pixels<QRgba64>(source, origin, pixels.size()), turn, centre, result);
     else
-        draw<quint32>(source, origin, pixels.size(), turn, centre, result);
+        draw(Pixels<quint32>(source, origin, pixels.size()), turn, centre, result);
     return result;
 }
 

@@ -3,6 +3,7 @@
 #include <QColorSpace>
 #include <QGuiApplication>
 #include <QPainter>
+#include <QRgba64>
 #include <QScreen>
 #include <cmath>
 #include <cstdlib>
@@ -15,6 +16,17 @@
 
 namespace ImageHelpers {
 namespace {
+
+// image with change applied to each pixel in place, then named format.
+template <typename Pixel, Pixel (*change)(Pixel)> QImage changedPixels(QImage image, QImage::Format format)
+{
+    for (int y = 0; y < image.height(); ++y) {
+        auto* row = reinterpret_cast<Pixel*>(image.scanLine(y));
+        for (int x = 0; x < image.width(); ++x)
+            row[x] = change(row[x]);
+    }
+    return image.reinterpretAsFormat(format) ? image : QImage();
+}
 
 std::optional<QSize> pixelSizeFor(QSizeF points, qreal scale)
 {
@@ -67,6 +79,30 @@ QImage::Format drawingFormat(const QImage& image)
         return QImage::Format_RGBA64_Premultiplied;
     default:
         return QImage::Format_ARGB32_Premultiplied;
+    }
+}
+
+QImage premultipliedAlike(QImage image)
+{
+    switch (image.format()) {
+    case QImage::Format_ARGB32:
+        return changedPixels<QRgb, qPremultiply>(std::move(image), QImage::Format_ARGB32_Premultiplied);
+    case QImage::Format_RGBA64:
+        return changedPixels<QRgba64, qPremultiply>(std::move(image), QImage::Format_RGBA64_Premultiplied);
+    default:
+        return {};
+    }
+}
+
+QImage straightAlike(QImage image)
+{
+    switch (image.format()) {
+    case QImage::Format_ARGB32_Premultiplied:
+        return changedPixels<QRgb, qUnpremultiply>(std::move(image), QImage::Format_ARGB32);
+    case QImage::Format_RGBA64_Premultiplied:
+        return changedPixels<QRgba64, qUnpremultiply>(std::move(image), QImage::Format_RGBA64);
+    default:
+        return {};
     }
 }
 

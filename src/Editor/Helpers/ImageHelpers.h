@@ -40,6 +40,12 @@ QImage::Format drawingFormat(const QImage& image);
 /// be allocated.
 QImage premultipliedCopy(const QImage& image);
 
+/// \a image (straight ARGB32 or RGBA64) premultiplied, and \a image (premultiplied ARGB32 or RGBA64) made
+/// straight, by Qt's scalar arithmetic, which rounds alike on every processor (its vector conversions do
+/// not). Null for any other format.
+QImage premultipliedAlike(QImage image);
+QImage straightAlike(QImage image);
+
 /// Gives \a image the scale, colour space, resolution and text of \a source: what a new buffer holding the
 /// source's pixels must carry along.
 void keepMetadata(QImage& image, const QImage& source);

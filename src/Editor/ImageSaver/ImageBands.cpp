@@ -1,6 +1,6 @@
 #include "ImageBands.h"
 
-#include <QRgba64>
+#include "Editor/Helpers/ImageHelpers.h"
 
 WholeImageBands::WholeImageBands(const QImage& image)
     : ImageBands({image.size(), image.format(), image.dotsPerMeterX(), image.dotsPerMeterY(),
@@ -24,23 +24,8 @@ QImage convertedBand(const QImage& band, QImage::Format format)
         band.pixelFormat().premultiplied() != QPixelFormat::Premultiplied ||
         QImage::toPixelFormat(format).premultiplied() == QPixelFormat::Premultiplied)
         return band.convertToFormat(format);
-    const bool deep = band.depth() > 32;
-    QImage straight = band.convertToFormat(deep ? QImage::Format_RGBA64_Premultiplied
-                                                : QImage::Format_ARGB32_Premultiplied);
-    if (straight.isNull())
-        return {};
-    for (int y = 0; y < straight.height(); ++y) {
-        if (deep) {
-            auto* row = reinterpret_cast<QRgba64*>(straight.scanLine(y));
-            for (int x = 0; x < straight.width(); ++x)
-                row[x] = qUnpremultiply(row[x]);
-        } else {
-            auto* row = reinterpret_cast<QRgb*>(straight.scanLine(y));
-            for (int x = 0; x < straight.width(); ++x)
-                row[x] = qUnpremultiply(row[x]);
-        }
-    }
-    if (!straight.reinterpretAsFormat(deep ? QImage::Format_RGBA64 : QImage::Format_ARGB32))
-        return {};
-    return straight.convertToFormat(format);
+    return ImageHelpers::straightAlike(band.convertToFormat(band.depth() > 32
+                                                                ? QImage::Format_RGBA64_Premultiplied
+                                                                : QImage::Format_ARGB32_Premultiplied))
+        .convertToFormat(format);
 }
