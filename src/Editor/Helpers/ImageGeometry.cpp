@@ -1,7 +1,7 @@
 #include "ImageGeometry.h"
 
-#include "FreeTurn.h"
 #include "ImageHelpers.h"
+#include "Resampling.h"
 
 #include <QTransform>
 #include <cmath>

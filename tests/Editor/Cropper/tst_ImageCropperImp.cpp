@@ -1,5 +1,5 @@
 #include "Editor/Cropper/Engine/ImageCropperImp.h"
-#include "Editor/Helpers/FreeTurn.h"
+#include "Editor/Helpers/Resampling.h"
 #include "Error/QuorvaneSdkImageError.h"
 #include "LogRecorder.h"
 #include "TestImages.h"

@@ -1,6 +1,6 @@
 #include "Editor/Helpers/Angle.h"
-#include "Editor/Helpers/FreeTurn.h"
 #include "Editor/Helpers/ImageGeometry.h"
+#include "Editor/Helpers/Resampling.h"
 #include "TestImages.h"
 
 #include <QColorSpace>

@@ -1,7 +1,7 @@
 #include "Overlay.h"
 
-#include "Editor/Helpers/FreeTurn.h"
 #include "Editor/Helpers/ImageHelpers.h"
+#include "Editor/Helpers/Resampling.h"
 
 #include <QColorSpace>
 #include <QFontMetricsF>

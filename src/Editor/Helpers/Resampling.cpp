@@ -1,4 +1,4 @@
-#include "FreeTurn.h"
+#include "Resampling.h"
 
 #include "ImageHelpers.h"
 

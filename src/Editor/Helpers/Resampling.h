@@ -2,9 +2,10 @@
 
 #include <QImage>
 
-/// Turning a picture by any angle, with the same pixels on every processor: only integer arithmetic and
-/// IEEE additions, multiplications and divisions, which round alike everywhere (with contraction off, as the
-/// component is built). Qt's painter and the C library's sine differ between x86-64 and ARM in the last bits.
+/// Drawing a picture turned by any angle or scaled (free turns, placed overlays) with the same pixels on
+/// every processor: only integer arithmetic and IEEE additions, multiplications and divisions, which round
+/// alike everywhere (with contraction off, as the component is built). Qt's painter and the C library's sine
+/// differ between x86-64 and ARM in the last bits.
 namespace ImageHelpers {
 
 struct CosSin
